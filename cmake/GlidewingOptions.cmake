@@ -1,0 +1,20 @@
+# Gives glidewing::options, the compiler options of our own code. Nothing that
+# comes from elsewhere links it.
+
+add_library(glidewing_options INTERFACE)
+add_library(glidewing::options ALIAS glidewing_options)
+
+target_compile_options(glidewing_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+    # The same arithmetic with every compiler: a seed gives the same game.
+    -ffp-contract=off)
+
+if(GLIDEWING_WERROR)
+    target_compile_options(glidewing_options INTERFACE -Werror)
+endif()
+
+if(GLIDEWING_SANITIZE)
+    target_compile_options(glidewing_options INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(glidewing_options INTERFACE -fsanitize=address,undefined)
+endif()

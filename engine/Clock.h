@@ -1,0 +1,23 @@
+#pragma once
+
+namespace gw {
+
+/// A stopwatch on the platform's monotonic clock, in microseconds. The game
+/// loop measures its step and its sleep with one; game code counts steps
+/// instead and never reads a clock.
+class Clock {
+public:
+  /// Starts the watch.
+  Clock();
+
+  /// Microseconds since the last restart; restarts the watch.
+  long long delta();
+
+  /// Microseconds since the last restart; the watch runs on.
+  long long split() const;
+
+private:
+  long long previous_time; ///< microseconds on the monotonic clock
+};
+
+} // namespace gw

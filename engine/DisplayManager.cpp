@@ -1,0 +1,186 @@
+#include "DisplayManager.h"
+
+#include "DisplayServer.h"
+#include "LogManager.h"
+
+#include <cstdio>
+
+namespace gw {
+
+DisplayManager::DisplayManager() {
+  setType("DisplayManager");
+}
+
+DisplayManager &DisplayManager::getInstance() {
+  static DisplayManager instance;
+  return instance;
+}
+
+int DisplayManager::startUp() {
+  LogManager &log = LogManager::getInstance();
+  if (isStarted()) {
+    log.writeLog(INFO, "DisplayManager is already started.");
+    return 0;
+  }
+  if (p_window) // left over from a start without a font
+    return 0;
+  if (!openWindow()) {
+    log.writeLog(ERROR, "Unable to allocate game window.");
+    std::fprintf(stderr,
+                 "%s: cannot open a window. Is there a display (DISPLAY) with "
+                 "OpenGL?\n",
+                 window_title.c_str());
+    return -1;
+  }
+  p_window->setMouseCursorVisible(false);
+  p_window->setVerticalSyncEnabled(true);
+  clear();
+  has_font = font.openFromFile(FONT_FILE_DEFAULT);
+  if (!has_font) {
+    log.writeLog(ERROR, "Unable to load font file '%s'.", FONT_FILE_DEFAULT.c_str());
+    return -1;
+  }
+  Manager::startUp();
+  log.writeLog(INFO, "DisplayManager is started up.");
+  return 0;
+}
+
+void DisplayManager::shutDown() {
+  LogManager &log = LogManager::getInstance();
+  if (!isStarted()) {
+    log.writeLog(INFO, "DisplayManager is already shut down.");
+    return;
+  }
+  log.writeLog(INFO, "DisplayManager is shutting down.");
+  batch.release();
+  font = sf::Font();
+  has_font = false;
+  if (p_window) {
+    p_window->close();
+    delete p_window;
+    p_window = nullptr;
+  }
+  Manager::shutDown();
+}
+
+sf::RenderWindow *DisplayManager::getWindow() const {
+  if (p_window)
+    batch.draw(*p_window);
+  return p_window;
+}
+
+sf::Color DisplayManager::mapGlidewingColorToSFMLColor(Color color) const {
+  switch (color) {
+  case BLACK:
+    return sf::Color(0, 0, 0);
+  case RED:
+    return sf::Color(255, 0, 0);
+  case GREEN:
+    return sf::Color(0, 255, 0);
+  case YELLOW:
+    return sf::Color(255, 255, 0);
+  case BLUE:
+    return sf::Color(0, 0, 255);
+  case MAGENTA:
+    return sf::Color(255, 0, 255);
+  case CYAN:
+    return sf::Color(0, 255, 255);
+  case WHITE:
+    break;
+  }
+  return sf::Color(255, 255, 255);
+}
+
+bool DisplayManager::isGlidewingColorValid(Color color) const {
+  return color >= BLACK && color <= WHITE;
+}
+
+int DisplayManager::setBackgroundColor(Color new_color) {
+  window_background_color = mapGlidewingColorToSFMLColor(new_color);
+  if (isGlidewingColorValid(new_color))
+    return 0;
+  LogManager::getInstance().writeLog(
+      WARNING, "Invalid color provided. Using default glidewing color for window "
+               "background.");
+  return -1;
+}
+
+int DisplayManager::drawCh(Vector world_pos, char ch, Color color) const {
+  if (!p_window)
+    return -1;
+  if (!isGlidewingColorValid(color))
+    LogManager::getInstance().writeLog(
+        WARNING, "Invalid color provided. Using default glidewing color for character.");
+  const sf::Vector2f cell(charWidth(), charHeight());
+  batch.add({world_pos.getX() * cell.x, world_pos.getY() * cell.y}, cell, ch,
+            mapGlidewingColorToSFMLColor(color), window_background_color,
+            has_font ? &font : nullptr);
+  return 0;
+}
+
+int DisplayManager::drawString(Vector world_pos, std::string str, Justification just,
+                               Color color) const {
+  if (!p_window)
+    return -1;
+  const auto length = static_cast<float>(str.size());
+  float x = world_pos.getX();
+  if (just == CENTER_JUSTIFIED)
+    x -= length * 0.5f;
+  else if (just == RIGHT_JUSTIFIED)
+    x -= length;
+  for (std::size_t i = 0; i < str.size(); i++)
+    drawCh(Vector(x + static_cast<float>(i), world_pos.getY()), str[i], color);
+  return 0;
+}
+
+int DisplayManager::swapBuffers() {
+  if (!p_window)
+    return -1;
+  batch.draw(*p_window);
+  p_window->display();
+  clear();
+  return 0;
+}
+
+bool DisplayManager::openWindow() {
+  if (!isDisplayAvailable())
+    return false;
+  endProcessOnDisplayLoss();
+  const sf::VideoMode mode({static_cast<unsigned>(window_horizontal_pixels),
+                            static_cast<unsigned>(window_vertical_pixels)},
+                           32);
+  p_window = new sf::RenderWindow(mode, window_title, sf::Style::Titlebar,
+                                  sf::State::Windowed, sf::ContextSettings());
+  if (!p_window->isOpen()) {
+    delete p_window;
+    p_window = nullptr;
+  }
+  return p_window;
+}
+
+void DisplayManager::clear() {
+  p_window->clear(window_background_color);
+  batch.clear(p_window->getSize(), window_background_color);
+}
+
+float charWidth() {
+  const DisplayManager &display = DisplayManager::getInstance();
+  return static_cast<float>(display.getHorizontalPixels()) /
+         static_cast<float>(display.getHorizontal());
+}
+
+float charHeight() {
+  const DisplayManager &display = DisplayManager::getInstance();
+  return static_cast<float>(display.getVerticalPixels()) /
+         static_cast<float>(display.getVertical());
+}
+
+Vector spacesToPixels(Vector spaces) {
+  return Vector(spaces.getX() * charWidth(), spaces.getY() * charHeight());
+}
+
+Vector pixelsToSpaces(Vector pixels) {
+  return Vector(pixels.getX() / charWidth(), pixels.getY() / charHeight());
+}
+
+} // namespace gw

@@ -1,0 +1,125 @@
+#pragma once
+
+#include "CharacterBatch.h"
+#include "Manager.h"
+#include "Vector.h"
+
+#include <SFML/Graphics.hpp>
+
+#include <memory>
+#include <string>
+
+namespace gw {
+
+inline const std::string WINDOW_TITLE_DEFAULT = "Glidewing";
+
+/// A TrueType font in the working directory. A fixed-width one whose characters
+/// are half as wide as the character size keeps the grid even.
+inline const std::string FONT_FILE_DEFAULT = "gw-font.ttf";
+
+constexpr int WINDOW_HORIZONTAL_CHARS_DEFAULT = 128;
+constexpr int WINDOW_VERTICAL_CHARS_DEFAULT = 48;
+constexpr int WINDOW_HORIZONTAL_PIXELS_DEFAULT = 1024;
+constexpr int WINDOW_VERTICAL_PIXELS_DEFAULT = 768;
+
+/// The colours; sprite files name them in lower case.
+enum Color : int {
+  BLACK = 0,
+  RED = 1,
+  GREEN = 2,
+  YELLOW = 3,
+  BLUE = 4,
+  MAGENTA = 5,
+  CYAN = 6,
+  WHITE = 7,
+};
+
+/// Stands in for an invalid colour, and is what a new sprite has.
+constexpr Color COLOR_DEFAULT = WHITE;
+
+/// Where a string lies in respect of the position that it is drawn at.
+enum Justification : int {
+  LEFT_JUSTIFIED = 0,   ///< starts there
+  CENTER_JUSTIFIED = 1, ///< centred on it
+  RIGHT_JUSTIFIED = 2,  ///< ends just before it
+};
+
+/// Owns the window and shows it as a grid of character cells: x to the right, y
+/// downward, (0, 0) the top-left one; positions may lie between cells. Every
+/// character, the blank included, paints its cell's background and then a bold
+/// glyph over whatever was there; there is no transparent character. Drawing
+/// outside the window is no error.
+///
+/// Objects draw during a step; characters are collected and reach the graphics
+/// card together, at the latest when the frame is shown or the window is handed
+/// out.
+class DisplayManager : public Manager {
+public:
+  static DisplayManager &getInstance();
+
+  /// Opens the window, hides the mouse pointer, loads the font.
+  /// @return 0, also when already started; -1 with an ERROR when the window
+  /// cannot be opened (a line on the standard error stream says what to do), and
+  /// when the font cannot be loaded: then the window stays, and drawing goes on
+  /// without glyphs, although the manager is not started
+  int startUp() override;
+
+  /// Closes the window and releases all that drawing needs.
+  void shutDown() override;
+
+  /// The window, with all drawing done so far in it; stays this manager's. Null
+  /// before start-up and after shut-down.
+  sf::RenderWindow *getWindow() const;
+
+  int getHorizontal() const { return window_horizontal_chars; } ///< columns of cells
+  int getVertical() const { return window_vertical_chars; }     ///< rows of cells
+  int getHorizontalPixels() const { return window_horizontal_pixels; }
+  int getVerticalPixels() const { return window_vertical_pixels; }
+
+  sf::Color mapGlidewingColorToSFMLColor(Color color) const;
+  bool isGlidewingColorValid(Color color) const;
+
+  /// The colour that the next `swapBuffers` clears to and that characters have
+  /// behind them from now on.
+  /// @return 0, or -1 with a WARNING for an invalid colour (then it is white)
+  int setBackgroundColor(Color new_color);
+
+  /// Draws one character, or a string of them side by side, at `world_pos`
+  /// (cells). An invalid colour draws in white, with a WARNING.
+  /// @return 0, or -1 without a window
+  int drawCh(Vector world_pos, char ch, Color color) const;
+  int drawString(Vector world_pos, std::string str, Justification just,
+                 Color color) const;
+
+  /// Shows what was drawn and clears for the next frame.
+  /// @return 0, or -1 without a window
+  int swapBuffers();
+
+private:
+  DisplayManager();
+
+  bool openWindow();
+  void clear();
+
+  sf::RenderWindow *p_window = nullptr; ///< owned
+  sf::Font font;
+  std::string window_title = WINDOW_TITLE_DEFAULT;
+  int window_horizontal_chars = WINDOW_HORIZONTAL_CHARS_DEFAULT;
+  int window_vertical_chars = WINDOW_VERTICAL_CHARS_DEFAULT;
+  int window_horizontal_pixels = WINDOW_HORIZONTAL_PIXELS_DEFAULT;
+  int window_vertical_pixels = WINDOW_VERTICAL_PIXELS_DEFAULT;
+  sf::Color window_background_color = sf::Color(0, 0, 0, 255);
+
+  bool has_font = false;
+  mutable CharacterBatch batch; ///< drawn, but not yet in the window
+};
+
+/// Width and height of a cell in pixels.
+float charWidth();
+float charHeight();
+
+/// Cells to pixels and back.
+Vector spacesToPixels(Vector spaces);
+Vector pixelsToSpaces(Vector pixels);
+
+} // namespace gw

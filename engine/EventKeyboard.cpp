@@ -1,0 +1,9 @@
+#include "EventKeyboard.h"
+
+namespace gw {
+
+EventKeyboard::EventKeyboard() {
+  setType(KEYBOARD_EVENT);
+}
+
+} // namespace gw

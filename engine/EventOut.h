@@ -1,0 +1,16 @@
+#pragma once
+
+#include "Event.h"
+
+namespace gw {
+
+inline const std::string OUT_EVENT = "gw::out";
+
+/// Tells an object, and only that one, that its move takes it from inside the
+/// world to outside.
+class EventOut : public Event {
+public:
+  EventOut();
+};
+
+} // namespace gw

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "DisplayManager.h"
+#include "Vector.h"
+
+#include <string>
+
+namespace gw {
+
+/// One rectangular picture of characters; a plain value. The character of row r
+/// and column c is `frame_str[r * width + c]`; an empty string marks an empty
+/// frame. Nothing is checked here: sprites take frames of one size only, and the
+/// resource manager checks every row that it reads.
+class Frame {
+public:
+  Frame() = default;
+  Frame(int new_width, int new_height, std::string new_frame_str);
+
+  void setWidth(int new_width) { width = new_width; } ///< characters per row
+  int getWidth() const { return width; }
+  void setHeight(int new_height) { height = new_height; } ///< rows
+  int getHeight() const { return height; }
+  void setString(std::string new_frame_str) { frame_str = new_frame_str; }
+  std::string getString() const { return frame_str; }
+
+  /// Draws all characters, blanks included, row by row. An odd size is centred
+  /// exactly on `position` (cells); an even one has one more column on the left
+  /// and one more row above than on the other side.
+  /// @return 0, or -1 with an ERROR for an empty frame
+  int draw(Vector position, Color color) const;
+
+private:
+  int width = 0;
+  int height = 0;
+  std::string frame_str;
+};
+
+} // namespace gw

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "Manager.h"
+
+namespace gw {
+
+/// Length of one step of the game loop, in milliseconds. All game timing counts
+/// steps: changing this changes the game's pace as a whole.
+constexpr int FRAME_TIME_DEFAULT = 33;
+
+/// The top of the engine: starts and stops the other managers, and runs the game
+/// loop on the calling thread until something sets the game-over flag.
+class GameManager : public Manager {
+public:
+  static GameManager &getInstance();
+
+  /// Starts log, display, input, resources and world, in this order. A manager
+  /// that fails reports it itself and is done without, except for the window:
+  /// without one there is no game.
+  /// @return 0, also when already started; -1 without a window. The log then
+  /// stays open for what the caller has to say, until the process ends.
+  int startUp() override;
+
+  /// Stops the managers in the reverse order.
+  void shutDown() override;
+
+  /// Runs steps until the game-over flag is set; a step that sets it is
+  /// completed.
+  void run();
+
+  /// One step: the step event, input, the world's update and drawing, the frame,
+  /// and sleep for what is left of the step's time.
+  /// @param adjust_time lateness to be made up for, in microseconds: what the
+  /// step before returned
+  /// @return lateness carried into the next step, in microseconds, never
+  /// negative
+  long long runStep(long long adjust_time);
+
+  void setGameOver(bool new_game_over) { game_over = new_game_over; }
+  bool getGameOver() const { return game_over; }
+
+  /// Completed steps since the process began.
+  int getStepCount() const { return step_count; }
+
+  /// Milliseconds.
+  int getFrameTime() const { return frame_time; }
+
+private:
+  GameManager();
+
+  bool game_over = false;
+  int step_count = 0;
+  int frame_time = FRAME_TIME_DEFAULT; ///< milliseconds
+};
+
+} // namespace gw

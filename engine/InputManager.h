@@ -1,0 +1,45 @@
+#pragma once
+
+#include "EventKeyboard.h"
+#include "EventMouse.h"
+#include "Manager.h"
+
+#include <SFML/Window.hpp>
+
+namespace gw {
+
+/// Turns the window's input into engine events. Everything is driven by events:
+/// the state of keys and buttons is never asked for. Starts after the display
+/// manager and stops before it.
+class InputManager : public Manager {
+public:
+  static InputManager &getInstance();
+
+  /// Turns key repeat off. @return 0, also when already started; -1 with a
+  /// WARNING when the display manager is not started
+  int startUp() override;
+
+  /// Turns key repeat on again.
+  void shutDown() override;
+
+  /// Takes every pending event from the window, in order, and broadcasts what is
+  /// a key or mouse event at once. Closing the window sets the game-over flag.
+  /// Does nothing without a window.
+  void getInput() const;
+
+  /// The engine's key or button for one of the window library's; undefined for
+  /// those that the engine does not know, whatever the code.
+  Keyboard::Key mapSFMLKeyToGlidewingKey(sf::Keyboard::Key key) const;
+  bool isSFMLKeyValid(sf::Keyboard::Key key) const;
+  Mouse::Button mapSFMLButtonToGlidewingButton(sf::Mouse::Button button) const;
+  bool isSFMLButtonValid(sf::Mouse::Button button) const;
+
+private:
+  InputManager();
+
+  void sendKey(sf::Keyboard::Key key, EventKeyboardAction action) const;
+  void sendMouse(Mouse::Button button, EventMouseAction action,
+                 sf::Vector2i position) const;
+};
+
+} // namespace gw

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "Manager.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <string>
+
+#if defined(__GNUC__)
+#define GW_PRINTF(format_index, first_argument)                                          \
+  __attribute__((format(printf, format_index, first_argument)))
+#else
+#define GW_PRINTF(format_index, first_argument)
+#endif
+
+namespace gw {
+
+/// The log, in the working directory; every start empties it.
+inline const std::string LOGFILE_NAME = "glidewing.log";
+
+/// How much a line matters: the lower, the more.
+enum LogLevel : int {
+  CRITICAL = 0,
+  ERROR = 1,
+  WARNING = 2,
+  INFO = 3,
+  DEBUG = 4,
+  ALL = 5,
+};
+
+/// Writes the diagnostic lines of engine and game, each with the time of day
+/// and its level. Started first and stopped last by the game manager, so that
+/// everybody else can report. While it is not started, a write goes to the
+/// standard error stream with an explanation.
+class LogManager : public Manager {
+public:
+  static LogManager &getInstance();
+  ~LogManager() override;
+
+  /// Opens (and empties) the log file. @return 0, also when already started;
+  /// -1 without a word when the file cannot be opened.
+  int startUp() override;
+
+  /// Writes the file's last line and closes it.
+  void shutDown() override;
+
+  /// With flushing on, a line has reached the operating system when the call
+  /// that wrote it returns: it survives the death of the process.
+  void setFlush(bool new_do_flush) { do_flush = new_do_flush; }
+
+  /// Lines above this level are left out.
+  void setLogLevel(LogLevel level) { log_level = level; }
+  LogLevel getLogLevel() const { return log_level; }
+
+  /// The tag written for a level; "UNKNOWN" for anything that is not one.
+  std::string getLogLevelString(LogLevel level);
+
+  /// Writes one line, printf-style. The level-less form writes at `ALL`.
+  /// @return the number of characters of the message, 0 when the level is left
+  /// out, -1 when not started
+  int writeLog(LogLevel level, const char *fmt, ...) GW_PRINTF(3, 4);
+  int writeLog(const char *fmt, ...) GW_PRINTF(2, 3);
+
+  /// The same with a ready argument list. Only to be called while started.
+  int vwriteLog(LogLevel level, const char *fmt, va_list args);
+
+private:
+  LogManager();
+
+  std::FILE *log_file = nullptr; ///< owned; null while not started
+  bool do_flush = false;
+  LogLevel log_level = DEBUG;
+};
+
+} // namespace gw

@@ -1,0 +1,25 @@
+#include "Manager.h"
+
+#include "Object.h"
+#include "ObjectList.h"
+#include "WorldManager.h"
+
+namespace gw {
+
+int Manager::startUp() {
+  is_started = true;
+  return 0;
+}
+
+void Manager::shutDown() {
+  is_started = false;
+}
+
+int Manager::onEvent(const Event *p_event) const {
+  const ObjectList objects = WorldManager::getInstance().getAllObjects();
+  for (int i = 0; i < objects.getCount(); i++)
+    objects[i]->eventHandler(p_event);
+  return objects.getCount();
+}
+
+} // namespace gw

@@ -1,0 +1,35 @@
+#include "Music.h"
+
+#include "LogManager.h"
+#include "PlaybackDevice.h"
+#include "utility.h"
+
+namespace gw {
+
+int Music::loadMusic(std::string filename) {
+  if (!isRegularFile(filename) || !music.openFromFile(filename)) {
+    LogManager::getInstance().writeLog(
+        WARNING,
+        "gw::Music::loadMusic() - Could not associate music buffer with file "
+        "'%s'.",
+        filename.c_str());
+    return -1;
+  }
+  requirePlaybackDevice();
+  return 0;
+}
+
+void Music::play(bool loop) {
+  music.setLooping(loop);
+  music.play();
+}
+
+void Music::stop() {
+  music.stop();
+}
+
+void Music::pause() {
+  music.pause();
+}
+
+} // namespace gw

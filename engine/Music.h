@@ -1,0 +1,35 @@
+#pragma once
+
+#include <SFML/Audio.hpp>
+
+#include <string>
+
+namespace gw {
+
+/// A piece of music, streamed from its file while it plays: the file must stay
+/// readable. The resource manager opens, labels and owns it.
+class Music {
+public:
+  Music() = default;
+  Music(const Music &) = delete;
+  Music &operator=(const Music &) = delete;
+
+  /// Opens the file as a stream. @return 0, or -1 with a WARNING
+  int loadMusic(std::string filename);
+
+  void setLabel(std::string new_label) { label = new_label; }
+  std::string getLabel() const { return label; }
+
+  /// The stream itself; stays this object's.
+  sf::Music *getMusic() { return &music; }
+
+  void play(bool loop);
+  void stop();
+  void pause();
+
+private:
+  sf::Music music;
+  std::string label;
+};
+
+} // namespace gw

@@ -1,0 +1,83 @@
+#include "Object.h"
+
+#include "LogManager.h"
+#include "ResourceManager.h"
+#include "WorldManager.h"
+
+namespace gw {
+
+namespace {
+
+int id_tracker = 0;
+
+} // namespace
+
+Object::Object() : id(id_tracker++) {
+  WorldManager::getInstance().insertObject(this);
+}
+
+Object::~Object() {
+  WorldManager::getInstance().removeObject(this);
+}
+
+int Object::eventHandler(const Event *) {
+  return 0;
+}
+
+int Object::draw() {
+  return animation.draw(position);
+}
+
+void Object::setDirection(Vector new_direction) {
+  new_direction.normalize();
+  direction = new_direction;
+}
+
+void Object::setVelocity(Vector new_velocity) {
+  speed = new_velocity.getMagnitude();
+  setDirection(new_velocity);
+}
+
+Vector Object::getVelocity() const {
+  Vector velocity = direction;
+  velocity.scale(speed);
+  return velocity;
+}
+
+Vector Object::predictPosition() const {
+  return position + getVelocity();
+}
+
+int Object::setCollisionResponse(CollisionResponse new_response) {
+  if (new_response < BLOCK || new_response > IGNORE)
+    return -1;
+  collision_response = new_response;
+  return 0;
+}
+
+int Object::setAltitude(int new_altitude) {
+  if (new_altitude < 0 || new_altitude > MAX_ALTITUDE)
+    return -1;
+  altitude = new_altitude;
+  return 0;
+}
+
+void Object::setAnimation(Animation new_animation) {
+  animation = new_animation;
+  box = animation.getBox();
+}
+
+int Object::setSprite(std::string sprite_label) {
+  Sprite *p_sprite = ResourceManager::getInstance().getSprite(sprite_label);
+  if (!p_sprite) {
+    LogManager::getInstance().writeLog(
+        WARNING, "gw::Object::setSprite() - Sprite with label %s not found. Ignoring.",
+        sprite_label.c_str());
+    return -1;
+  }
+  animation.setSprite(p_sprite);
+  box = animation.getBox();
+  return 0;
+}
+
+} // namespace gw

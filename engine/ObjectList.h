@@ -1,0 +1,44 @@
+#pragma once
+
+namespace gw {
+
+class Object;
+
+/// A growable array of object pointers: the world's own lists and the answer to
+/// every query. Copies are independent of each other; the objects are never
+/// owned. Iterate by index from 0 to `getCount()` - 1. When memory runs out, one
+/// line goes to the standard error stream and the process ends with status 1.
+class ObjectList {
+public:
+  ObjectList();
+  ObjectList(const ObjectList &other);
+  ObjectList &operator=(const ObjectList &other);
+  ~ObjectList();
+
+  int getCount() const { return count; }
+  bool isEmpty() const { return count == 0; }
+
+  /// True when the next insert will have to grow the storage (it doubles).
+  bool isFull() const { return count == max_count; }
+
+  /// The entry at `index`, 0 up to but not including `getCount()`. Anything
+  /// else throws std::out_of_range, "Invalid index.".
+  Object *operator[](int index) const;
+
+  /// Appends; the same pointer may be in the list more than once. @return 0
+  int insert(Object *p_o);
+
+  /// Removes the first occurrence. The last entry moves into the gap, so the
+  /// order of the others changes. @return 0, or -1 when it is not in the list
+  int remove(Object *p_o);
+
+  /// Forgets all entries and keeps the storage.
+  void clear() { count = 0; }
+
+private:
+  int count = 0;
+  int max_count = 1;
+  Object **list; ///< owned, room for `max_count` pointers
+};
+
+} // namespace gw

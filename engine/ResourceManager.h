@@ -1,0 +1,69 @@
+#pragma once
+
+#include "Manager.h"
+#include "Music.h"
+#include "Sound.h"
+#include "Sprite.h"
+
+#include <array>
+#include <string>
+
+namespace gw {
+
+/// How many of each can be loaded at a time.
+constexpr int MAX_SPRITES = 500;
+constexpr int MAX_SOUNDS = 50;
+constexpr int MAX_MUSICS = 50;
+
+/// Loads sprites, sounds and music and hands them out by label. Owns all of them
+/// until it is shut down or told to unload one; what it hands out is borrowed.
+/// Labels are compared exactly and need not be unique: the first loaded is found.
+/// A resource that cannot be loaded is never fatal: the log says why, and whoever
+/// asks for it gets null.
+class ResourceManager : public Manager {
+public:
+  static ResourceManager &getInstance();
+
+  /// @return 0
+  int startUp() override;
+
+  /// Stops and releases everything. No object may show a sprite any more.
+  void shutDown() override;
+
+  /// Reads a sprite file (docs/sprite-format.md).
+  /// @return 0, or -1 with an ERROR for a file that cannot be read or is not in
+  /// the format (line and reason), with a WARNING when there is no room; nothing
+  /// is added then
+  int loadSprite(std::string filename, std::string label);
+
+  /// Deletes the sprite. No object may show it any more.
+  /// @return 0, or -1 with a WARNING when there is none of that label
+  int unloadSprite(std::string label);
+
+  /// @return the sprite, borrowed; null with a WARNING when there is none
+  Sprite *getSprite(std::string label) const;
+
+  /// As for sprites; the file is one that the audio library can decode.
+  int loadSound(std::string filename, std::string label);
+  int unloadSound(std::string label);
+  Sound *getSound(std::string label);
+
+  /// As for sounds, but streamed from the file while it plays.
+  int loadMusic(std::string filename, std::string label);
+
+  /// As for sprites; the empty label is refused.
+  int unloadMusic(std::string label);
+  Music *getMusic(std::string label);
+
+private:
+  ResourceManager();
+
+  std::array<Sprite *, MAX_SPRITES> sprites{}; ///< owned, in load order
+  int sprite_count = 0;
+  std::array<Sound *, MAX_SOUNDS> sounds{}; ///< owned, in load order
+  int sound_count = 0;
+  std::array<Music *, MAX_MUSICS> musics{}; ///< owned, in load order
+  int music_count = 0;
+};
+
+} // namespace gw

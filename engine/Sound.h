@@ -1,0 +1,43 @@
+#pragma once
+
+#include <SFML/Audio.hpp>
+
+#include <memory>
+#include <string>
+
+namespace gw {
+
+/// A short effect, held in memory as a whole. The resource manager loads, labels
+/// and owns it; game code looks it up by label and plays it. Never copied: the
+/// player refers to the object's own samples.
+class Sound {
+public:
+  Sound() = default;
+  ~Sound();
+  Sound(const Sound &) = delete;
+  Sound &operator=(const Sound &) = delete;
+
+  /// Decodes the file, in place of what was loaded before.
+  /// @return 0, or -1 with a WARNING (nothing changes)
+  int loadSound(std::string filename);
+
+  void setLabel(std::string new_label) { label = new_label; }
+  std::string getLabel() const { return label; }
+
+  /// Starts from the beginning, even when it is still playing. Like `stop` and
+  /// `pause` it does nothing before a file was loaded.
+  void play(bool loop);
+  void stop();
+  void pause();
+
+  /// A copy of the player, silent when nothing is loaded. It borrows this
+  /// object's samples.
+  sf::Sound getSound() const;
+
+private:
+  std::unique_ptr<sf::Sound> p_sound; ///< null before a file was loaded
+  sf::SoundBuffer sound_buffer;
+  std::string label;
+};
+
+} // namespace gw

@@ -1,0 +1,146 @@
+#include "SpriteReader.h"
+
+#include "LogManager.h"
+#include "utility.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <utility>
+#include <vector>
+
+namespace gw {
+
+namespace {
+
+/// The words for colours in files, by the colour's value.
+const std::array<const char *, 8> COLOR_WORDS = {"black", "red",     "green", "yellow",
+                                                 "blue",  "magenta", "cyan",  "white"};
+
+/// The lines of a file, without their ends; empty ones past the last.
+class LineReader {
+public:
+  explicit LineReader(std::istream &init_file) : file(init_file) {}
+
+  const std::string &next() {
+    line.clear();
+    std::getline(file, line);
+    discardCarriageReturn(line);
+    return line;
+  }
+
+  const std::string &current() const { return line; }
+
+private:
+  std::istream &file;
+  std::string line;
+};
+
+struct Number {
+  int value;  ///< of the digits the line begins with; the nearest int if it is none
+  bool valid; ///< nothing but digits, and an int
+};
+
+Number parseNumber(const std::string &line) {
+  errno = 0;
+  const long value = std::strtol(line.c_str(), nullptr, 10);
+  const bool fits = errno == 0 && value >= INT_MIN && value <= INT_MAX;
+  const bool digits = std::all_of(line.begin(), line.end(),
+                                  [](unsigned char ch) { return std::isdigit(ch); });
+  const long clamped = std::clamp<long>(value, INT_MIN, INT_MAX);
+  return {static_cast<int>(clamped), fits && digits};
+}
+
+/// Reads one number of the head. @param complaint a format for the number read
+bool readNumber(LineReader &lines, int minimum, const char *complaint, int &value) {
+  const Number number = parseNumber(lines.next());
+  value = number.value;
+  if (number.valid && value >= minimum)
+    return true;
+  LogManager::getInstance().writeLog(ERROR, complaint, value);
+  return false;
+}
+
+bool readColor(LineReader &lines, Color &color) {
+  const auto word = std::find(COLOR_WORDS.begin(), COLOR_WORDS.end(), lines.next());
+  if (word == COLOR_WORDS.end()) {
+    LogManager::getInstance().writeLog(ERROR, "Line 5: Invalid Sprite color.");
+    return false;
+  }
+  color = static_cast<Color>(word - COLOR_WORDS.begin());
+  return true;
+}
+
+struct Head {
+  int frame_count;
+  int width;
+  int height;
+  int slowdown;
+  Color color;
+};
+
+bool readHead(LineReader &lines, Head &head) {
+  return readNumber(lines, 1,
+                    "Line 1: Frame count %d. Expected frame count greater than 0.",
+                    head.frame_count) &&
+         readNumber(lines, 1, "Line 2: Sprite width %d. Expected width greater than 0.",
+                    head.width) &&
+         readNumber(lines, 1, "Line 3: Sprite height %d. Expected height greater than 0.",
+                    head.height) &&
+         readNumber(lines, 0,
+                    "Line 4: Sprite slowdown %d. Expected slowdown greater than or equal "
+                    "to 0.",
+                    head.slowdown) &&
+         readColor(lines, head.color);
+}
+
+/// Reads all frames. Their number is only a claim of the file, so nothing is
+/// reserved for it.
+bool readFrames(LineReader &lines, const Head &head, std::vector<Frame> &frames) {
+  const auto width = static_cast<std::size_t>(head.width);
+  long long line_number = 6;
+  for (int f = 0; f < head.frame_count; f++) {
+    std::string rows;
+    for (int r = 0; r < head.height; r++, line_number++) {
+      const std::string &row = lines.next();
+      if (row.size() != width) {
+        LogManager::getInstance().writeLog(ERROR,
+                                           "Line %lld: Line width %zu, expected %d.",
+                                           line_number, row.size(), head.width);
+        return false;
+      }
+      rows += row;
+    }
+    frames.emplace_back(head.width, head.height, std::move(rows));
+  }
+  return true;
+}
+
+std::unique_ptr<Sprite> makeSprite(const Head &head, std::vector<Frame> &&frames) {
+  auto sprite = std::make_unique<Sprite>(head.frame_count);
+  sprite->setWidth(head.width);
+  sprite->setHeight(head.height);
+  sprite->setSlowdown(head.slowdown);
+  sprite->setColor(head.color);
+  for (Frame &frame : frames)
+    sprite->addFrame(std::move(frame));
+  return sprite;
+}
+
+} // namespace
+
+std::unique_ptr<Sprite> readSprite(std::istream &file) {
+  LineReader lines(file);
+  Head head{};
+  std::vector<Frame> frames;
+  if (!readHead(lines, head) || !readFrames(lines, head, frames)) {
+    LogManager::getInstance().writeLog(ERROR, "Line is: '%s'", lines.current().c_str());
+    return nullptr;
+  }
+  return makeSprite(head, std::move(frames));
+}
+
+} // namespace gw

@@ -1,0 +1,33 @@
+#pragma once
+
+namespace gw {
+
+/// A pair of floats: a position in cells (x to the right, y downward from the
+/// top-left corner of the display), a direction, or a velocity in cells per
+/// step. A plain value; positions may lie between cells.
+class Vector {
+public:
+  Vector() = default;
+  Vector(float init_x, float init_y) : x(init_x), y(init_y) {}
+
+  void setX(float new_x) { x = new_x; }
+  float getX() const { return x; }
+  void setY(float new_y) { y = new_y; }
+  float getY() const { return y; }
+  void setXY(float new_x, float new_y);
+
+  /// Length, in single precision.
+  float getMagnitude() const;
+
+  /// Scales to length 1. A zero vector is left as it is.
+  void normalize();
+
+  void scale(float s);
+  Vector operator+(const Vector &other) const;
+
+private:
+  float x = 0;
+  float y = 0;
+};
+
+} // namespace gw

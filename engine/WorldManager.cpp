@@ -1,0 +1,163 @@
+#include "WorldManager.h"
+
+#include "DisplayManager.h"
+#include "EventCollision.h"
+#include "EventOut.h"
+#include "LogManager.h"
+#include "Object.h"
+#include "utility.h"
+
+namespace gw {
+
+namespace {
+
+bool contains(const ObjectList &list, const Object *p_o) {
+  for (int i = 0; i < list.getCount(); i++)
+    if (list[i] == p_o)
+      return true;
+  return false;
+}
+
+bool isInsideWorld(Vector position) {
+  const DisplayManager &display = DisplayManager::getInstance();
+  return position.getX() >= 0 &&
+         position.getX() <= static_cast<float>(display.getHorizontal()) &&
+         position.getY() >= 0 &&
+         position.getY() <= static_cast<float>(display.getVertical());
+}
+
+/// Tells both parties of every collision at `where`. The responses are read after
+/// the handlers have run, so a handler can let a mover pass or stop it.
+/// @return whether the object may move there
+bool reportCollisions(Object *p_o, Vector where) {
+  bool do_move = true;
+  const ObjectList collisions = WorldManager::getInstance().getCollisions(p_o, where);
+  for (int i = 0; i < collisions.getCount(); i++) {
+    Object *p_other = collisions[i];
+    const EventCollision event(p_o, p_other, where);
+    p_o->eventHandler(&event);
+    p_other->eventHandler(&event);
+    if (p_o->getCollisionResponse() == BLOCK && p_other->getCollisionResponse() == BLOCK)
+      do_move = false;
+  }
+  return do_move;
+}
+
+} // namespace
+
+WorldManager::WorldManager() {
+  setType("WorldManager");
+}
+
+WorldManager &WorldManager::getInstance() {
+  static WorldManager instance;
+  return instance;
+}
+
+int WorldManager::startUp() {
+  LogManager &log = LogManager::getInstance();
+  if (isStarted()) {
+    log.writeLog(INFO, "WorldManager is already started.");
+    return 0;
+  }
+  Manager::startUp();
+  log.writeLog(INFO, "WorldManager is started up.");
+  return 0;
+}
+
+void WorldManager::shutDown() {
+  LogManager &log = LogManager::getInstance();
+  if (!isStarted()) {
+    log.writeLog(INFO, "WorldManager is already shut down.");
+    return;
+  }
+  log.writeLog(INFO, "WorldManager is shutting down.");
+  const ObjectList objects = updates;
+  for (int i = 0; i < objects.getCount(); i++)
+    delete objects[i];
+  deletions.clear();
+  Manager::shutDown();
+}
+
+ObjectList WorldManager::getAllObjectsOfType(std::string wanted_type) {
+  ObjectList found;
+  for (int i = 0; i < updates.getCount(); i++)
+    if (updates[i]->getType() == wanted_type)
+      found.insert(updates[i]);
+  return found;
+}
+
+ObjectList WorldManager::getCollisions(const Object *p_o, Vector where) {
+  ObjectList collisions;
+  const Box box = getWorldBox(p_o, where);
+  for (int i = 0; i < updates.getCount(); i++) {
+    Object *p_other = updates[i];
+    if (p_other != p_o && p_other->registersCollisions() &&
+        boxesIntersect(box, getWorldBox(p_other)))
+      collisions.insert(p_other);
+  }
+  return collisions;
+}
+
+bool WorldManager::isMarkedForDelete(const Object *p_o) const {
+  return contains(deletions, p_o);
+}
+
+int WorldManager::insertObject(Object *p_o) {
+  if (!contains(updates, p_o))
+    updates.insert(p_o);
+  return 0;
+}
+
+int WorldManager::removeObject(Object *p_o) {
+  return updates.remove(p_o);
+}
+
+int WorldManager::markForDelete(Object *p_o) {
+  if (!contains(deletions, p_o))
+    deletions.insert(p_o);
+  return 0;
+}
+
+int WorldManager::moveObject(Object *p_o, Vector where) {
+  if (p_o->registersCollisions() && !reportCollisions(p_o, where))
+    return -1;
+  if (!isInsideWorld(where) && isInsideWorld(p_o->getPosition())) {
+    const EventOut event;
+    p_o->eventHandler(&event);
+  }
+  p_o->setPosition(where);
+  return 0;
+}
+
+void WorldManager::update() {
+  deleteMarkedObjects();
+  for (int i = 0; i < updates.getCount(); i++) {
+    Object *p_o = updates[i];
+    const Vector from = p_o->getPosition();
+    const Vector to = p_o->predictPosition();
+    if (to.getX() != from.getX() || to.getY() != from.getY())
+      moveObject(p_o, to);
+  }
+}
+
+void WorldManager::draw() {
+  for (int altitude = 0; altitude <= MAX_ALTITUDE; altitude++)
+    for (int i = 0; i < updates.getCount(); i++)
+      if (updates[i]->getAltitude() == altitude)
+        updates[i]->draw();
+}
+
+/// What a destructor marks meanwhile is appended behind the marks of this
+/// update; it stays marked and goes in the next one.
+void WorldManager::deleteMarkedObjects() {
+  const ObjectList marked = deletions;
+  for (int i = 0; i < marked.getCount(); i++)
+    delete marked[i];
+  ObjectList marked_meanwhile;
+  for (int i = marked.getCount(); i < deletions.getCount(); i++)
+    marked_meanwhile.insert(deletions[i]);
+  deletions = marked_meanwhile;
+}
+
+} // namespace gw
