@@ -1,0 +1,9 @@
+#pragma once
+
+#include "Insect.h"
+
+/// Broad wings; comes in colours and can be pinned.
+class Butterfly : public Insect {
+public:
+  Butterfly();
+};

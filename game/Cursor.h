@@ -1,0 +1,13 @@
+#pragma once
+
+#include "Object.h"
+
+/// The player's pin: follows the mouse, and looks pressed and clicks with the left
+/// button. What a press pins is the insects' business.
+class Cursor : public gw::Object {
+public:
+  /// In the middle of the display, until the mouse moves.
+  Cursor();
+
+  int eventHandler(const gw::Event *p_e) override;
+};

@@ -1,0 +1,6 @@
+#include "EventClear.h"
+
+EventClear::EventClear(gw::ObjectList completed) {
+  setType(CLEAR_EVENT);
+  sequence = completed;
+}

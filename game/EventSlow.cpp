@@ -1,0 +1,5 @@
+#include "EventSlow.h"
+
+EventSlow::EventSlow() {
+  setType(SLOW_EVENT);
+}

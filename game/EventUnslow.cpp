@@ -1,0 +1,5 @@
+#include "EventUnslow.h"
+
+EventUnslow::EventUnslow() {
+  setType(UNSLOW_EVENT);
+}

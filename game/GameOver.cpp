@@ -1,0 +1,89 @@
+#include "GameOver.h"
+
+#include "DisplayManager.h"
+#include "EventStep.h"
+#include "GameStart.h"
+#include "Insect.h"
+#include "LogManager.h"
+#include "PinBoard.h"
+#include "Sprite.h"
+#include "WorldManager.h"
+#include "gameUtility.h"
+
+namespace {
+
+/// Whether the object is on the board; leaves a log line if so.
+bool isOnBoard(const gw::Object *p_o, const gw::ObjectList &pinned) {
+  bool found = false;
+  for (int i = 0; i < pinned.getCount(); i++)
+    if (pinned[i]->getId() == p_o->getId()) {
+      gw::LogManager::getInstance().writeLog(
+          gw::DEBUG,
+          "GameOver::deleteGameObjects(): Object with id %d, %s (%p) is on the Pin "
+          "Board. Delaying deletion.",
+          p_o->getId(), p_o->getType().c_str(), static_cast<const void *>(p_o));
+      found = true;
+    }
+  return found;
+}
+
+} // namespace
+
+GameOver::GameOver() {
+  const gw::DisplayManager &display = gw::DisplayManager::getInstance();
+  setType("GameOver");
+  setCollisionResponse(gw::IGNORE);
+  setPosition(gw::Vector(static_cast<float>(display.getHorizontal()) / 2.5f,
+                         static_cast<float>(display.getVertical()) * 0.5f));
+  if (setSprite("GameOver") == 0) {
+    const gw::Sprite *p_sprite = getAnimation().getSprite();
+    timeToLive = p_sprite->getFrameCount() * p_sprite->getSlowdown();
+  } else {
+    timeToLive = 0;
+  }
+  deleteGameObjects();
+}
+
+void GameOver::deleteGameObjects() {
+  gw::WorldManager &world = gw::WorldManager::getInstance();
+  const gw::ObjectList objects = world.getAllObjects();
+  gw::ObjectList pinned;
+  if (const PinBoard *p_board = findFirst<PinBoard>("PinBoard"))
+    pinned = p_board->getPinnedBugs();
+  for (int i = 0; i < objects.getCount(); i++) {
+    const std::string object_type = objects[i]->getType();
+    if (object_type == "Cursor" || object_type == "Spawner" ||
+        object_type == "Sequence" ||
+        (isInsectType(object_type) && !isOnBoard(objects[i], pinned)))
+      world.markForDelete(objects[i]);
+  }
+}
+
+int GameOver::eventHandler(const gw::Event *p_e) {
+  if (p_e->getType() != gw::STEP_EVENT)
+    return 0;
+  timeToLive--;
+  if (timeToLive <= 0)
+    endGame();
+  return 1;
+}
+
+int GameOver::draw() {
+  gw::Object::draw();
+  return 0;
+}
+
+/// The second stage.
+void GameOver::endGame() {
+  gw::WorldManager &world = gw::WorldManager::getInstance();
+  const gw::ObjectList objects = world.getAllObjects();
+  for (int i = 0; i < objects.getCount(); i++) {
+    const std::string object_type = objects[i]->getType();
+    if (object_type == "PinBoard" || object_type == "Score" || object_type == "Slower" ||
+        isInsectType(object_type))
+      world.markForDelete(objects[i]);
+    else if (auto *p_menu = dynamic_cast<GameStart *>(objects[i]))
+      p_menu->setMenuActive(true);
+  }
+  world.markForDelete(this);
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Object.h"
+
+/// Ends a game in two stages. At once play stops: the cursor, the spawners, the
+/// sequence and every insect that is not on the board go. When the picture has
+/// played through once, the rest goes, and the start menu comes back. Created by
+/// the pin board when its last slot is filled.
+class GameOver : public gw::Object {
+public:
+  /// Runs the first stage.
+  GameOver();
+
+  /// The first stage.
+  void deleteGameObjects();
+
+  /// Counts down to the second stage.
+  int eventHandler(const gw::Event *p_e) override;
+
+  /// @return 0, always
+  int draw() override;
+
+private:
+  void endGame();
+
+  int timeToLive; ///< steps until the second stage
+};

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Object.h"
+
+/// Tells the player that a row was sold: a picture that removes itself. Several
+/// may be there at a time, and one may outlive its game.
+class SoldTag : public gw::Object {
+public:
+  SoldTag();
+
+  int eventHandler(const gw::Event *p_e) override;
+
+private:
+  int timeToLive = 100; ///< steps until the tag removes itself
+};
