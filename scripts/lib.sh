@@ -1,0 +1,48 @@
+# Small helpers shared by the scripts; sourced, never run:
+#
+#   source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+#   cd "$root"
+#
+# Sets `root`, the absolute path of the checkout. Changes nothing else.
+
+# shellcheck shell=bash
+# shellcheck disable=SC2034  # root is for the scripts that source this file
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
+
+# One line of progress on the standard output.
+say() { printf '%s\n' "$*"; }
+
+# One line on the standard error stream, then the end with status 1.
+die() {
+    printf '%s: %s\n' "${0##*/}" "$*" >&2
+    exit 1
+}
+
+# The user's home directory; the accounts' own entry where HOME is not set.
+# Prints nothing when there is none.
+home_dir() {
+    if [[ -n ${HOME:-} ]]; then
+        printf '%s\n' "$HOME"
+    else
+        getent passwd "$(id -u)" 2>/dev/null | cut -d: -f6
+    fi
+}
+
+# Where the private SFML runtime lives (it need not exist). The only place that
+# knows: the build asks here too. Outside the checkout, so that a clean build
+# does not download it again. A relative GLIDEWING_SFML_RUNTIME counts from the
+# checkout, wherever the caller stands.
+sfml_runtime_dir() {
+    local dir=${GLIDEWING_SFML_RUNTIME:-} cache
+    if [[ -z $dir ]]; then
+        cache=${XDG_CACHE_HOME:-}
+        # As the base directory rules have it, a relative path there is ignored.
+        [[ $cache == /* ]] || cache=$(home_dir)/.cache
+        dir=$cache/glidewing/sfml3
+    elif [[ $dir != /* ]]; then
+        dir=$root/$dir
+    fi
+    # The rename that puts it in place wants no slash at the end.
+    while [[ $dir == */ && $dir != / ]]; do dir=${dir%/}; done
+    printf '%s\n' "$dir"
+}
