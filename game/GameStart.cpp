@@ -35,8 +35,8 @@ void GameStart::startGame() {
   new PinBoard;
   new Score;
   new Slower;
-  for (const gw::Vector &position : SPAWNER_POSITIONS)
-    (new Spawner)->setPosition(position);
+  for (const gw::Vector &spawner_position : SPAWNER_POSITIONS)
+    (new Spawner)->setPosition(spawner_position);
   (new Sequence)->generateSequence(1);
   menuActive = false;
 }

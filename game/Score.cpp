@@ -73,12 +73,12 @@ int Score::draw() {
     return -1;
   chooseRank();
   const gw::DisplayManager &display = gw::DisplayManager::getInstance();
-  const gw::Vector position = getPosition();
-  if (display.drawString(position + gw::Vector(0, -2), rankTitle, gw::LEFT_JUSTIFIED,
-                         textColor) == -1)
+  const gw::Vector amount_position = getPosition();
+  if (display.drawString(amount_position + gw::Vector(0, -2), rankTitle,
+                         gw::LEFT_JUSTIFIED, textColor) == -1)
     return -1;
-  return display.drawString(position, "$" + std::to_string(score), gw::CENTER_JUSTIFIED,
-                            textColor);
+  return display.drawString(amount_position, "$" + std::to_string(score),
+                            gw::CENTER_JUSTIFIED, textColor);
 }
 
 void Score::chooseRank() {
