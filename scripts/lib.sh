@@ -7,7 +7,7 @@
 
 # shellcheck shell=bash
 # shellcheck disable=SC2034  # root is for the scripts that source this file
-root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." >/dev/null && pwd -P)
 
 # One line of progress on the standard output.
 say() { printf '%s\n' "$*"; }
