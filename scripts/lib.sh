@@ -46,3 +46,27 @@ sfml_runtime_dir() {
     while [[ $dir == */ && $dir != / ]]; do dir=${dir%/}; done
     printf '%s\n' "$dir"
 }
+
+# Configures and builds a preset, quietly unless it fails or has much to do.
+build() {
+    cmake --preset "$1" --log-level=NOTICE >/dev/null
+    cmake --build --preset "$1" -- --quiet
+}
+
+# Starts an X server that shows on no screen, 24 bits deep and with OpenGL in
+# software, on a free display, and sets DISPLAY to it. The server ends with the
+# script, which therefore must not set an EXIT trap of its own.
+start_virtual_display() {
+    local ready number=''
+    ready=$(mktemp)
+    Xvfb -displayfd 3 -screen 0 1280x1024x24 +extension GLX -nolisten tcp \
+        3>"$ready" >/dev/null 2>&1 &
+    # shellcheck disable=SC2064  # the server and the file as they are now
+    trap "kill $! 2>/dev/null || true; rm -f '$ready'" EXIT
+    for _ in {1..100}; do
+        read -r number <"$ready" && break
+        sleep 0.1
+    done
+    [[ -n $number ]] || die 'the virtual display (Xvfb) did not start'
+    export DISPLAY=:$number
+}
