@@ -6,6 +6,9 @@
 #include "WorldManager.h"
 
 #include <array>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace gw {
 
@@ -30,6 +33,9 @@ constexpr std::array<signed char, sf::Keyboard::KeyCount> KEYS = {
     1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, -1, -1, -1, // F1 to F15
     66,                                                         // Pause
 };
+
+/// Events that wait for the next `getInput`.
+std::vector<sf::Event> posted;
 
 } // namespace
 
@@ -73,24 +79,35 @@ void InputManager::shutDown() {
 }
 
 void InputManager::getInput() const {
+  const std::vector<sf::Event> events = std::move(posted);
+  posted.clear();
+  for (const sf::Event &event : events)
+    handle(event);
   sf::RenderWindow *p_window = DisplayManager::getInstance().getWindow();
   if (!p_window)
     return;
-  while (const std::optional<sf::Event> event = p_window->pollEvent()) {
-    if (event->is<sf::Event::Closed>())
-      GameManager::getInstance().setGameOver(true);
-    else if (const auto *pressed = event->getIf<sf::Event::KeyPressed>())
-      sendKey(pressed->code, KEY_PRESSED);
-    else if (const auto *released = event->getIf<sf::Event::KeyReleased>())
-      sendKey(released->code, KEY_RELEASED);
-    else if (const auto *move = event->getIf<sf::Event::MouseMoved>())
-      sendMouse(Mouse::UNDEFINED_MOUSE_BUTTON, MOVED, move->position);
-    else if (const auto *press = event->getIf<sf::Event::MouseButtonPressed>())
-      sendMouse(mapSFMLButtonToGlidewingButton(press->button), PRESSED, press->position);
-    else if (const auto *release = event->getIf<sf::Event::MouseButtonReleased>())
-      sendMouse(mapSFMLButtonToGlidewingButton(release->button), RELEASED,
-                release->position);
-  }
+  while (const std::optional<sf::Event> event = p_window->pollEvent())
+    handle(*event);
+}
+
+void InputManager::postEvent(const sf::Event &event) const {
+  posted.push_back(event);
+}
+
+void InputManager::handle(const sf::Event &event) const {
+  if (event.is<sf::Event::Closed>())
+    GameManager::getInstance().setGameOver(true);
+  else if (const auto *pressed = event.getIf<sf::Event::KeyPressed>())
+    sendKey(pressed->code, KEY_PRESSED);
+  else if (const auto *released = event.getIf<sf::Event::KeyReleased>())
+    sendKey(released->code, KEY_RELEASED);
+  else if (const auto *move = event.getIf<sf::Event::MouseMoved>())
+    sendMouse(Mouse::UNDEFINED_MOUSE_BUTTON, MOVED, move->position);
+  else if (const auto *press = event.getIf<sf::Event::MouseButtonPressed>())
+    sendMouse(mapSFMLButtonToGlidewingButton(press->button), PRESSED, press->position);
+  else if (const auto *release = event.getIf<sf::Event::MouseButtonReleased>())
+    sendMouse(mapSFMLButtonToGlidewingButton(release->button), RELEASED,
+              release->position);
 }
 
 Keyboard::Key InputManager::mapSFMLKeyToGlidewingKey(sf::Keyboard::Key key) const {

@@ -22,10 +22,15 @@ public:
   /// Turns key repeat on again.
   void shutDown() override;
 
-  /// Takes every pending event from the window, in order, and broadcasts what is
-  /// a key or mouse event at once. Closing the window sets the game-over flag.
-  /// Does nothing without a window.
+  /// Takes every event that was posted and then every pending event from the
+  /// window, in order, and broadcasts what is a key or mouse event at once.
+  /// Closing the window sets the game-over flag. Without a window there are only
+  /// posted events.
   void getInput() const;
+
+  /// Has the next `getInput` handle that event as if the window had delivered it.
+  /// For demos, replays and tests.
+  void postEvent(const sf::Event &event) const;
 
   /// The engine's key or button for one of the window library's; undefined for
   /// those that the engine does not know, whatever the code.
@@ -37,6 +42,7 @@ public:
 private:
   InputManager();
 
+  void handle(const sf::Event &event) const;
   void sendKey(sf::Keyboard::Key key, EventKeyboardAction action) const;
   void sendMouse(Mouse::Button button, EventMouseAction action,
                  sf::Vector2i position) const;

@@ -17,11 +17,14 @@ public:
   /// Counts down to the second stage.
   int eventHandler(const gw::Event *p_e) override;
 
+  /// Steps until the second stage.
+  int getTimeToLive() const { return timeToLive; }
+
   /// @return 0, always
   int draw() override;
 
 private:
   void endGame();
 
-  int timeToLive; ///< steps until the second stage
+  int timeToLive;
 };

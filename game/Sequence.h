@@ -21,6 +21,9 @@ public:
   /// world's.
   gw::ObjectList getSequence() const { return sequence; }
 
+  /// The index of the next target to be pinned: how many are matched already.
+  int getCurrentIndex() const { return currentIndex; }
+
   /// Replaces the row by one of `length` random insects. A row that was there
   /// counts as completed: it is sold first. The insects that stay on the board
   /// may match the new row's beginning, or all of it.
@@ -49,5 +52,5 @@ private:
   void checkPin(Insect *p_insect);
 
   gw::ObjectList sequence; ///< not owned, leftmost first
-  int currentIndex = 0;    ///< of the next target to be pinned
+  int currentIndex = 0;
 };

@@ -10,8 +10,11 @@ public:
 
   int eventHandler(const gw::Event *p_e) override;
 
+  /// Steps left until the unslow event; -1 when no slow-down is running.
+  int getSlowCountdown() const { return slowCountdown; }
+
 private:
   void countDown();
 
-  int slowCountdown; ///< steps left, or IDLE
+  int slowCountdown;
 };

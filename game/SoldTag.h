@@ -10,6 +10,9 @@ public:
 
   int eventHandler(const gw::Event *p_e) override;
 
+  /// Steps until the tag removes itself.
+  int getTimeToLive() const { return timeToLive; }
+
 private:
-  int timeToLive = 100; ///< steps until the tag removes itself
+  int timeToLive = 100;
 };

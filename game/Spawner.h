@@ -18,6 +18,10 @@ public:
   void setSpawnCountdown(int new_countdown) { spawnCountdown = new_countdown; }
   int getSpawnCountdown() const { return spawnCountdown; }
 
+  /// What the velocity of new insects is multiplied by: 1, or less during a
+  /// slow-down.
+  float getSlowMultiplier() const { return slowMultiplier; }
+
   /// Releases one insect of random kind, colour and velocity, where the spawner
   /// is. The order in which it draws random numbers is part of the game.
   void spawnInsect();
@@ -30,5 +34,5 @@ private:
 
   int spawnFrequency = 400; ///< steps
   int spawnCountdown = 0;   ///< steps
-  float slowMultiplier = 1; ///< of the velocity of new insects
+  float slowMultiplier = 1;
 };

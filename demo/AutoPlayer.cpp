@@ -1,0 +1,204 @@
+#include "AutoPlayer.h"
+
+#include "Bee.h"
+#include "DisplayManager.h"
+#include "GameStart.h"
+#include "Sequence.h"
+#include "WorldManager.h"
+#include "gameUtility.h"
+#include "utility.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr float REACH = 9;      ///< cells that the pointer gets in a step
+constexpr float BEE_NEAR = 16;  ///< cells from the pointer
+constexpr int START_PAUSE = 30; ///< steps on average before the next game is started
+
+sf::Vector2i toPixels(gw::Vector cells) {
+  const gw::Vector pixels = gw::spacesToPixels(cells);
+  return {static_cast<int>(std::lround(pixels.getX())),
+          static_cast<int>(std::lround(pixels.getY()))};
+}
+
+float distance(gw::Vector a, gw::Vector b) {
+  return gw::Vector(a.getX() - b.getX(), a.getY() - b.getY()).getMagnitude();
+}
+
+std::vector<Insect *> allInsects() {
+  std::vector<Insect *> insects;
+  const gw::ObjectList objects = gw::WorldManager::getInstance().getAllObjects();
+  for (int i = 0; i < objects.getCount(); i++)
+    if (auto *p_insect = dynamic_cast<Insect *>(objects[i]))
+      insects.push_back(p_insect);
+  return insects;
+}
+
+bool isFree(const Insect &insect) {
+  return insect.isPinnable() && !insect.getPinned();
+}
+
+bool isBee(const Insect &insect) {
+  return insect.getType() == BEE_TYPE;
+}
+
+/// The free insect nearest to a place for which `fits` holds, or null.
+template <class Fits> const Insect *findNearest(gw::Vector place, Fits fits) {
+  const Insect *p_nearest = nullptr;
+  for (const Insect *p_insect : allInsects())
+    if (isFree(*p_insect) && fits(*p_insect) &&
+        (!p_nearest || distance(place, p_insect->getPosition()) <
+                           distance(place, p_nearest->getPosition())))
+      p_nearest = p_insect;
+  return p_nearest;
+}
+
+/// What the row asks for next, or null.
+const Insect *findTarget() {
+  const auto *p_sequence = findFirst<Sequence>("Sequence");
+  if (!p_sequence ||
+      p_sequence->getCurrentIndex() >= p_sequence->getSequence().getCount())
+    return nullptr;
+  return dynamic_cast<Insect *>(p_sequence->getSequence()[p_sequence->getCurrentIndex()]);
+}
+
+/// Whether a press there would pin something else as well.
+bool hitsOthers(gw::Vector where, const Insect &wanted) {
+  const gw::Box probe(where + gw::Vector(-0.5f, -0.5f), 1, 1);
+  for (const Insect *p_insect : allInsects())
+    if (p_insect != &wanted && isFree(*p_insect) && !isBee(*p_insect) &&
+        gw::boxesIntersect(gw::getWorldBox(p_insect), probe))
+      return true;
+  return false;
+}
+
+} // namespace
+
+AutoPlayer::AutoPlayer(Profile init_profile, unsigned seed)
+    : profile(init_profile), chance(seed), pointer(displayCenter()) {
+}
+
+void AutoPlayer::play(int) {
+  if (is_pressing) {
+    releaseButton(sf::Mouse::Button::Left, toPixels(pointer));
+    is_pressing = false;
+    return;
+  }
+  const auto *p_menu = findFirst<GameStart>("GameStart");
+  if (p_menu && p_menu->getMenuActive() && drawNumber(START_PAUSE) == 0) {
+    pressKey(sf::Keyboard::Key::P);
+    releaseKey(sf::Keyboard::Key::P);
+  }
+  switch (profile) {
+  case Profile::skilled:
+    playWell();
+    break;
+  case Profile::random:
+    playRandomly();
+    break;
+  case Profile::greedy:
+    playGreedily();
+    break;
+  case Profile::hostile:
+    playHostilely();
+    break;
+  }
+}
+
+void AutoPlayer::playWell() {
+  const Insect *p_bee = findNearest(pointer, isBee);
+  if (p_bee && distance(pointer, p_bee->getPosition()) < BEE_NEAR) {
+    goFor(*p_bee);
+    return;
+  }
+  const Insect *p_target = findTarget();
+  if (!p_target)
+    return;
+  const Insect *p_fitting = findNearest(pointer, [p_target](const Insect &insect) {
+    return insect.getType() == p_target->getType() &&
+           insect.getColor() == p_target->getColor();
+  });
+  if (p_fitting)
+    goFor(*p_fitting);
+  else
+    moveTowards(displayCenter());
+}
+
+void AutoPlayer::playRandomly() {
+  moveTowards(drawPosition());
+  if (drawNumber(4) == 0)
+    pressAt(pointer, sf::Mouse::Button::Left);
+}
+
+void AutoPlayer::playGreedily() {
+  if (const Insect *p_insect = findNearest(pointer, [](const Insect &) { return true; }))
+    goFor(*p_insect);
+}
+
+void AutoPlayer::playHostilely() {
+  const std::vector<Insect *> insects = allInsects();
+  for (int i = drawNumber(8); i >= 0; i--) {
+    const bool at_insect = !insects.empty() && drawNumber(2) == 0;
+    const gw::Vector where =
+        at_insect
+            ? insects[static_cast<std::size_t>(
+                          drawNumber(static_cast<int>(insects.size())))]
+                  ->getPosition()
+            : drawPosition() + gw::Vector(static_cast<float>(drawNumber(41) - 20), 0);
+    const auto button = static_cast<sf::Mouse::Button>(
+        drawNumber(static_cast<int>(sf::Mouse::ButtonCount)));
+    const auto key = static_cast<sf::Keyboard::Key>(
+        drawNumber(static_cast<int>(sf::Keyboard::KeyCount) + 1) - 1);
+    switch (drawNumber(6)) {
+    case 0:
+      moveMouse(toPixels(where));
+      break;
+    case 1:
+      releaseButton(button, toPixels(where));
+      break;
+    case 2:
+      if (key != sf::Keyboard::Key::Q)
+        pressKey(key);
+      break;
+    case 3:
+      releaseKey(key);
+      break;
+    default:
+      pressButton(button, toPixels(where));
+    }
+  }
+}
+
+void AutoPlayer::goFor(const Insect &insect) {
+  moveTowards(insect.getPosition());
+  const bool is_there = distance(pointer, insect.getPosition()) < 1;
+  if (is_there && (profile == Profile::greedy || !hitsOthers(pointer, insect)))
+    pressAt(pointer, sf::Mouse::Button::Left);
+}
+
+void AutoPlayer::moveTowards(gw::Vector goal) {
+  gw::Vector way(goal.getX() - pointer.getX(), goal.getY() - pointer.getY());
+  if (way.getMagnitude() > REACH) {
+    way.normalize();
+    way.scale(REACH);
+  }
+  pointer = pointer + way;
+  moveMouse(toPixels(pointer));
+}
+
+void AutoPlayer::pressAt(gw::Vector where, sf::Mouse::Button button) {
+  pressButton(button, toPixels(where));
+  is_pressing = true;
+}
+
+int AutoPlayer::drawNumber(int bound) {
+  return static_cast<int>(chance() % static_cast<unsigned>(bound));
+}
+
+gw::Vector AutoPlayer::drawPosition() {
+  const gw::DisplayManager &display = gw::DisplayManager::getInstance();
+  return gw::Vector(static_cast<float>(drawNumber(display.getHorizontal() + 1)),
+                    static_cast<float>(drawNumber(display.getVertical() + 1)));
+}

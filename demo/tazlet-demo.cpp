@@ -1,0 +1,235 @@
+/// Plays tazlet by itself: for soak runs, measurements and pictures, and to record
+/// a game and play it again.
+
+#include "AutoPlayer.h"
+#include "Digest.h"
+#include "GameManager.h"
+#include "LogManager.h"
+#include "Random.h"
+#include "Recording.h"
+#include "ReplayPlayer.h"
+#include "ResourceManager.h"
+#include "Witness.h"
+#include "WorldManager.h"
+#include "tazlet.h"
+
+#include <CLI/CLI.hpp>
+#include <SFML/Audio/PlaybackDevice.hpp>
+
+#include <chrono>
+#include <cinttypes>
+#include <csignal>
+#include <cstdio>
+#include <limits>
+#include <map>
+#include <optional>
+#include <string>
+
+namespace {
+
+constexpr int DIGEST_STEPS = 100; ///< between two digests
+
+struct Options {
+  unsigned seed = 1;
+  long long steps = 5000;                            ///< 0: until interrupted
+  std::optional<Profile> profile = Profile::skilled; ///< none: a person
+  bool window = false;
+  bool digest = false;
+  std::string record_file;
+  std::string replay_file;
+};
+
+volatile std::sig_atomic_t interrupted = 0;
+
+void onInterrupt(int) {
+  interrupted = 1;
+}
+
+/// @return whether to go on; else `status` is the process's
+bool readOptions(int argc, char **argv, Options &options, int &status) {
+  CLI::App app("Plays tazlet by itself.", "tazlet-demo");
+  std::string profile = "skilled";
+  bool headless = false;
+  app.add_option("--seed", options.seed, "of the game and of the player")
+      ->capture_default_str();
+  app.add_option("--steps", options.steps, "33 ms each; 0 goes on until interrupted")
+      ->check(CLI::NonNegativeNumber)
+      ->capture_default_str();
+  app.add_option("--profile", profile, "how to play; \"human\" leaves it to you")
+      ->check(CLI::IsMember({"skilled", "random", "greedy", "hostile", "human"}))
+      ->capture_default_str();
+  auto *p_window =
+      app.add_flag("--window", options.window, "in a window, at the game's pace");
+  app.add_flag("--headless", headless, "without a display, as fast as it goes (default)")
+      ->excludes(p_window);
+  auto *p_record = app.add_option("--record", options.record_file,
+                                  "write seed and input events to this file");
+  app.add_option("--replay", options.replay_file,
+                 "play that recording again; it brings seed and steps")
+      ->excludes(p_record);
+  app.add_flag("--digest", options.digest,
+               "print a hash of the game's state every 100 steps and at the end");
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError &error) {
+    status = app.exit(error);
+    return false;
+  }
+  const std::map<std::string, Profile> profiles = {{"skilled", Profile::skilled},
+                                                   {"random", Profile::random},
+                                                   {"greedy", Profile::greedy},
+                                                   {"hostile", Profile::hostile}};
+  const auto found = profiles.find(profile);
+  options.profile =
+      found == profiles.end() ? std::nullopt : std::optional<Profile>(found->second);
+  if (!options.profile && !options.window) {
+    std::fprintf(stderr, "tazlet-demo: a person needs --window\n");
+    status = 1;
+    return false;
+  }
+  return true;
+}
+
+/// The engine, with a window or without. @return whether it is running
+bool startEngine(bool window) {
+  gw::LogManager &log = gw::LogManager::getInstance();
+  if (window) {
+    if (gw::GameManager::getInstance().startUp() != 0)
+      return false;
+  } else {
+    log.startUp();
+    gw::ResourceManager::getInstance().startUp();
+    gw::WorldManager::getInstance().startUp();
+    // Nobody listens, and nobody should be disturbed.
+    static_cast<void>(sf::PlaybackDevice::setDeviceToNull());
+  }
+  log.setLogLevel(gw::ALL);
+  log.setFlush(true);
+  return true;
+}
+
+void stopEngine(bool window) {
+  if (window) {
+    gw::GameManager::getInstance().shutDown();
+  } else {
+    gw::WorldManager::getInstance().shutDown();
+    gw::ResourceManager::getInstance().shutDown();
+    gw::LogManager::getInstance().shutDown();
+  }
+}
+
+void printDigest(long long step) {
+  std::printf("step %lld digest %016" PRIx64 "\n", step, digestOfGame());
+}
+
+/// Says every few seconds how far a long run is.
+class Progress {
+public:
+  explicit Progress(long long init_total) : total(init_total) {}
+
+  void report(long long step) {
+    constexpr long long STEPS_BETWEEN_LOOKS = 1000;
+    constexpr std::chrono::seconds PAUSE(5);
+    if (step % STEPS_BETWEEN_LOOKS != 0 || Clock::now() < last + PAUSE)
+      return;
+    const std::chrono::duration<double> elapsed = Clock::now() - last;
+    std::fprintf(stderr, "tazlet-demo: %lld of %lld steps, %.0f a second\n", step, total,
+                 static_cast<double>(step - last_step) / elapsed.count());
+    last = Clock::now();
+    last_step = step;
+  }
+
+private:
+  using Clock = std::chrono::steady_clock;
+
+  long long total;
+  Clock::time_point last = Clock::now();
+  long long last_step = 0;
+};
+
+/// Runs the game until it is over, interrupted or long enough.
+/// @return steps
+long long run(const Options &options) {
+  gw::GameManager &game = gw::GameManager::getInstance();
+  // Lateness that is never paid back keeps the loop from sleeping.
+  constexpr long long NEVER_SLEEP = std::numeric_limits<int>::max();
+  Progress progress(options.steps);
+  long long adjust_time = 0;
+  long long step = 0;
+  while (!game.getGameOver() && !interrupted &&
+         (options.steps == 0 || step < options.steps)) {
+    adjust_time = game.runStep(options.window ? adjust_time : NEVER_SLEEP);
+    step++;
+    if (options.digest && step % DIGEST_STEPS == 0)
+      printDigest(step);
+    progress.report(step);
+  }
+  return step;
+}
+
+void printAchievements(long long steps, const Achievements &reached) {
+  std::printf("steps %lld\n", steps);
+  std::printf("games %d\n", reached.games);
+  std::printf("best score %d\n", reached.best_score);
+  std::printf("rows sold %d\n", reached.rows_sold);
+  std::printf("overlapping slow-downs %d\n", reached.overlapping_slow_downs);
+  std::printf("boards overflowed while a row completed %d\n", reached.sold_on_full_board);
+  if (reached.games == 0)
+    std::printf("This run reached nothing: no game was played.\n");
+  else if (reached.best_score == 0)
+    std::printf("This run reached nothing: no point was made.\n");
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+  Options options;
+  int status = 0;
+  if (!readOptions(argc, argv, options, status))
+    return status;
+
+  std::optional<Recording> recording;
+  if (!options.replay_file.empty()) {
+    std::string error;
+    recording = readRecording(options.replay_file, error);
+    if (!recording) {
+      std::fprintf(stderr, "tazlet-demo: %s\n", error.c_str());
+      return 1;
+    }
+    options.seed = recording->seed;
+    options.steps = recording->steps;
+  }
+  std::optional<RecordingWriter> writer;
+  if (!options.record_file.empty()) {
+    writer.emplace(options.record_file, options.seed);
+    if (!writer->isGood()) {
+      std::fprintf(stderr, "tazlet-demo: %s: cannot be written\n",
+                   options.record_file.c_str());
+      return 1;
+    }
+  }
+
+  if (!startEngine(options.window))
+    return 1;
+  std::signal(SIGINT, onInterrupt);
+  gw::srand(options.seed);
+  loadResources();
+  populateGame();
+  // Always two objects, so that a replay has the same ids as its recording.
+  if (recording)
+    new ReplayPlayer(*recording);
+  else if (options.profile)
+    new AutoPlayer(*options.profile, options.seed);
+  else
+    new ReplayPlayer(Recording()); // leaves it to the person
+  const auto *p_witness = new Witness(writer ? &*writer : nullptr);
+
+  const long long steps = run(options);
+  if (options.digest && steps % DIGEST_STEPS != 0)
+    printDigest(steps);
+  printAchievements(steps, p_witness->getAchievements());
+  if (writer)
+    writer->finish(static_cast<int>(steps));
+  stopEngine(options.window);
+  return 0;
+}
