@@ -13,9 +13,9 @@
 
 namespace {
 
-constexpr float REACH = 9;      ///< cells that the pointer gets in a step
-constexpr float BEE_NEAR = 16;  ///< cells from the pointer
-constexpr int START_PAUSE = 30; ///< steps on average before the next game is started
+constexpr float REACH = 9;     ///< cells that the pointer gets in a step
+constexpr float BEE_NEAR = 16; ///< cells from the pointer
+constexpr int MENU_STEPS = 45; ///< how long the title shows before the next game
 
 sf::Vector2i toPixels(gw::Vector cells) {
   const gw::Vector pixels = gw::spacesToPixels(cells);
@@ -86,11 +86,7 @@ void AutoPlayer::play(int) {
     is_pressing = false;
     return;
   }
-  const auto *p_menu = findFirst<GameStart>("GameStart");
-  if (p_menu && p_menu->getMenuActive() && drawNumber(START_PAUSE) == 0) {
-    pressKey(sf::Keyboard::Key::P);
-    releaseKey(sf::Keyboard::Key::P);
-  }
+  leaveMenu();
   switch (profile) {
   case Profile::skilled:
     playWell();
@@ -104,6 +100,15 @@ void AutoPlayer::play(int) {
   case Profile::hostile:
     playHostilely();
     break;
+  }
+}
+
+void AutoPlayer::leaveMenu() {
+  const auto *p_menu = findFirst<GameStart>("GameStart");
+  menu_steps = p_menu && p_menu->getMenuActive() ? menu_steps + 1 : 0;
+  if (menu_steps > MENU_STEPS) {
+    pressKey(sf::Keyboard::Key::P);
+    releaseKey(sf::Keyboard::Key::P);
   }
 }
 

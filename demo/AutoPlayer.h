@@ -23,6 +23,7 @@ public:
 
 private:
   void play(int step) override;
+  void leaveMenu();
   void playWell();
   void playRandomly();
   void playGreedily();
@@ -41,4 +42,5 @@ private:
   std::minstd_rand chance;
   gw::Vector pointer; ///< cells
   bool is_pressing = false;
+  int menu_steps = 0; ///< that the menu has been active
 };

@@ -1,6 +1,6 @@
 #include "DisplayManager.h"
 
-#include "DisplayServer.h"
+#include "DisplayConnection.h"
 #include "LogManager.h"
 
 #include <cstdio>
@@ -143,7 +143,8 @@ int DisplayManager::swapBuffers() {
 }
 
 bool DisplayManager::openWindow() {
-  if (!isDisplayAvailable())
+  const DisplayConnection connection;
+  if (!connection.canOpenWindow())
     return false;
   endProcessOnDisplayLoss();
   const sf::VideoMode mode({static_cast<unsigned>(window_horizontal_pixels),

@@ -53,20 +53,55 @@ build() {
     cmake --build --preset "$1" -- --quiet
 }
 
-# Starts an X server that shows on no screen, 24 bits deep and with OpenGL in
-# software, on a free display, and sets DISPLAY to it. The server ends with the
-# script, which therefore must not set an EXIT trap of its own.
+# Has the script run a command when it ends, in whatever way: the newest first. A
+# script that uses this sets no EXIT trap of its own.
+exit_commands=()
+at_exit() {
+    exit_commands=("$(printf '%q ' "$@")" "${exit_commands[@]}")
+    trap 'for command in "${exit_commands[@]}"; do eval "$command" || true; done' EXIT
+}
+
+# Ends a background process and waits for its end; quiet if it has ended already.
+stop() {
+    kill "$1" 2>/dev/null || true
+    wait "$1" 2>/dev/null || true
+}
+
+# Starts an X server that shows on no screen, of the size given (1280x1024), 24
+# bits deep and with OpenGL in software, on a free display, and sets DISPLAY to it.
+# It ends with the script.
 start_virtual_display() {
     local ready number=''
     ready=$(mktemp)
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 +extension GLX -nolisten tcp \
+    Xvfb -displayfd 3 -screen 0 "${1:-1280x1024}x24" +extension GLX -noreset -nolisten tcp \
         3>"$ready" >/dev/null 2>&1 &
-    # shellcheck disable=SC2064  # the server and the file as they are now
-    trap "kill $! 2>/dev/null || true; rm -f '$ready'" EXIT
+    at_exit stop $!
     for _ in {1..100}; do
         read -r number <"$ready" && break
         sleep 0.1
     done
+    rm -f "$ready"
     [[ -n $number ]] || die 'the virtual display (Xvfb) did not start'
     export DISPLAY=:$number
+}
+
+# Starts a sound server of our own with a sound card that nobody hears; programs
+# started from here on play on it. Sets `sound_monitor`, the source to record from.
+# It ends with the script.
+start_virtual_sound_card() {
+    local dir
+    dir=$(mktemp -d)
+    at_exit rm -rf "$dir"
+    pulseaudio -n --daemonize=no --exit-idle-time=-1 --use-pid-file=no --disable-shm=yes \
+        --load="module-native-protocol-unix socket=$dir/socket auth-anonymous=1" \
+        --load='module-null-sink sink_name=null' >/dev/null 2>&1 &
+    at_exit stop $!
+    for _ in {1..100}; do
+        [[ -S $dir/socket ]] && break
+        sleep 0.1
+    done
+    [[ -S $dir/socket ]] || die 'the sound server (pulseaudio) did not start'
+    # Without a short latency the null sink stalls.
+    export PULSE_SERVER=unix:$dir/socket PULSE_LATENCY_MSEC=30
+    sound_monitor=null.monitor
 }

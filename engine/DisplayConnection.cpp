@@ -1,4 +1,4 @@
-#include "DisplayServer.h"
+#include "DisplayConnection.h"
 
 #ifdef GW_HAS_X11
 
@@ -24,17 +24,19 @@ int onDisplayLoss(Display *) {
 
 } // namespace
 
-bool isDisplayAvailable() {
-  Display *display = XOpenDisplay(nullptr);
-  if (!display)
-    return false;
+DisplayConnection::DisplayConnection() : p_server(XOpenDisplay(nullptr)) {}
+
+DisplayConnection::~DisplayConnection() {
+  if (p_server)
+    XCloseDisplay(static_cast<Display *>(p_server));
+}
+
+bool DisplayConnection::canOpenWindow() const {
   int opcode = 0;
   int first_event = 0;
   int first_error = 0;
-  const bool has_opengl =
-      XQueryExtension(display, "GLX", &opcode, &first_event, &first_error);
-  XCloseDisplay(display);
-  return has_opengl;
+  return p_server && XQueryExtension(static_cast<Display *>(p_server), "GLX", &opcode,
+                                     &first_event, &first_error);
 }
 
 void endProcessOnDisplayLoss() {
@@ -47,12 +49,15 @@ void endProcessOnDisplayLoss() {
 
 namespace gw {
 
-bool isDisplayAvailable() {
+DisplayConnection::DisplayConnection() = default;
+
+DisplayConnection::~DisplayConnection() = default;
+
+bool DisplayConnection::canOpenWindow() const {
   return true;
 }
 
-void endProcessOnDisplayLoss() {
-}
+void endProcessOnDisplayLoss() {}
 
 } // namespace gw
 
