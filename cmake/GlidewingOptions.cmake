@@ -13,6 +13,11 @@ if(GLIDEWING_WERROR)
     target_compile_options(glidewing_options INTERFACE -Werror)
 endif()
 
+if(GLIDEWING_FUZZ)
+    # Lets the fuzzer see which paths an input takes.
+    target_compile_options(glidewing_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 if(GLIDEWING_SANITIZE)
     target_compile_options(glidewing_options INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -120,6 +120,7 @@ void stopEngine(bool window) {
 
 void printDigest(long long step) {
   std::printf("step %lld digest %016" PRIx64 "\n", step, digestOfGame());
+  std::fflush(stdout); // who reads along knows how far the game is
 }
 
 /// Says every few seconds how far a long run is.
