@@ -148,16 +148,15 @@ void WorldManager::draw() {
         updates[i]->draw();
 }
 
-/// What a destructor marks meanwhile is appended behind the marks of this
-/// update; it stays marked and goes in the next one.
+/// What a destructor marks meanwhile stays marked and goes in the next update. A
+/// mark is taken back as soon as its object is gone, because the next object may
+/// get the same address.
 void WorldManager::deleteMarkedObjects() {
   const ObjectList marked = deletions;
-  for (int i = 0; i < marked.getCount(); i++)
+  for (int i = 0; i < marked.getCount(); i++) {
     delete marked[i];
-  ObjectList marked_meanwhile;
-  for (int i = marked.getCount(); i < deletions.getCount(); i++)
-    marked_meanwhile.insert(deletions[i]);
-  deletions = marked_meanwhile;
+    deletions.remove(marked[i]);
+  }
 }
 
 } // namespace gw

@@ -1,0 +1,112 @@
+#include "EngineTest.h"
+
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+/// The log alone, not yet started.
+class LogManagerTest : public testing::Test {
+protected:
+  void SetUp() override {
+    log.setLogLevel(gw::ALL);
+    log.setFlush(true);
+  }
+  void TearDown() override {
+    log.shutDown();
+    std::filesystem::remove(gw::LOGFILE_NAME);
+  }
+
+  gw::LogManager &log = gw::LogManager::getInstance();
+};
+
+/// What `action` writes to the standard error stream.
+std::string errorsOf(const std::function<void()> &action) {
+  testing::internal::CaptureStderr();
+  action();
+  return testing::internal::GetCapturedStderr();
+}
+
+} // namespace
+
+TEST_F(LogManagerTest, ALineIsLocalTimeLevelAndMessage) {
+  setenv("TZ", "XYZ-05:45", 1); // 5 h 45 min before Greenwich, so that local time tells
+  tzset();
+  const std::time_t start = std::time(nullptr);
+  ASSERT_EQ(log.startUp(), 0);
+  for (int level : {0, 1, 2, 3, 4, 5, -1})
+    EXPECT_EQ(log.writeLog(static_cast<gw::LogLevel>(level), "x=%d", 42), 4);
+  EXPECT_EQ(log.writeLog("x=%d", 42), 4) << "without a level: ALL";
+  std::string times; // that the lines can have
+  for (std::time_t t = start + 20700; t <= std::time(nullptr) + 20700; t++) {
+    char text[12];
+    std::strftime(text, sizeof text, "[%T] ", std::gmtime(&t));
+    times += text;
+  }
+  std::ifstream file(gw::LOGFILE_NAME); // flushed, not yet closed
+  std::string line;
+  for (const char *expected :
+       {"     INFO: LogManager is started up.", " CRITICAL: x=42", "    ERROR: x=42",
+        "  WARNING: x=42", "     INFO: x=42", "    DEBUG: x=42", "      ALL: x=42",
+        "  UNKNOWN: x=42", "      ALL: x=42"}) {
+    ASSERT_TRUE(std::getline(file, line));
+    EXPECT_NE(times.find(line.substr(0, 11)), std::string::npos) << line;
+    EXPECT_EQ(line.substr(10), expected);
+  }
+  EXPECT_FALSE(std::getline(file, line)) << line;
+}
+
+TEST_F(LogManagerTest, LinesAboveTheLevelAreLeftOut) {
+  ASSERT_EQ(log.startUp(), 0);
+  for (int threshold = gw::CRITICAL; threshold <= gw::ALL; threshold++) {
+    log.setLogLevel(static_cast<gw::LogLevel>(threshold));
+    const Lines found = logOf([&] {
+      for (int level = gw::CRITICAL; level <= gw::ALL; level++)
+        EXPECT_EQ(log.writeLog(static_cast<gw::LogLevel>(level), "12345"),
+                  level <= threshold ? 5 : 0);
+      EXPECT_EQ(log.writeLog("123"), threshold == gw::ALL ? 3 : 0);
+    });
+    EXPECT_EQ(static_cast<int>(found.size()), threshold + (threshold == gw::ALL ? 2 : 1));
+  }
+}
+
+TEST_F(LogManagerTest, ASecondStartKeepsTheFileAndARestartEmptiesIt) {
+  EXPECT_EQ(log.startUp(), 0);
+  log.writeLog(gw::INFO, "kept");
+  EXPECT_EQ(log.startUp(), 0);
+  log.setFlush(false);
+  log.setLogLevel(gw::INFO);
+  log.shutDown();
+  EXPECT_EQ(errorsOf([&] { log.shutDown(); }), "") << "a second shut-down is silent";
+  EXPECT_EQ(logLines(), (Lines{"INFO: LogManager is started up.", "INFO: kept",
+                               "INFO: LogManager is already started.",
+                               "INFO: LogManager is shutting down."}));
+  EXPECT_EQ(log.startUp(), 0);
+  EXPECT_EQ(log.writeLog(gw::DEBUG, "left out"), 0) << "the level survives a restart";
+  log.shutDown();
+  EXPECT_EQ(logLines().size(), 2U);
+}
+
+TEST_F(LogManagerTest, WhileNotStartedItWritesToTheErrorStream) {
+  const std::string fallback =
+      "The LogManager is not started but was requested to write a log. This message is "
+      "written to stderr as writing to the log is not possible.\n"
+      "The message without arguments was \"x=%d of %s\".\n";
+  log.setLogLevel(gw::CRITICAL); // plays no part
+  const auto write = [&] {
+    EXPECT_EQ(log.writeLog(gw::DEBUG, "x=%d of %s", 42, "y"), -1);
+    EXPECT_EQ(log.writeLog("x=%d of %s", 42, "y"), -1);
+  };
+  EXPECT_EQ(errorsOf(write), fallback + fallback) << "before start-up";
+  ASSERT_EQ(log.startUp(), 0);
+  log.shutDown();
+  EXPECT_EQ(errorsOf(write), fallback + fallback) << "after shut-down";
+  std::filesystem::remove(gw::LOGFILE_NAME);
+  std::filesystem::create_directory(gw::LOGFILE_NAME); // cannot be opened for writing
+  EXPECT_EQ(errorsOf([&] { EXPECT_EQ(log.startUp(), -1); }), "");
+  EXPECT_EQ(errorsOf(write), fallback + fallback) << "after a start that failed";
+}

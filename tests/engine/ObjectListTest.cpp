@@ -1,0 +1,118 @@
+#include "ObjectList.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+
+#include <climits>
+#include <cstdint>
+#include <stdexcept>
+
+// Where AddressSanitizer owns the heap, an allocation that fails is to return null,
+// as it does without it.
+extern "C" const char *__asan_default_options();
+extern "C" const char *__asan_default_options() {
+  return "allocator_may_return_null=1";
+}
+
+namespace {
+
+using gw::ObjectList;
+
+/// Lists are written as text, a letter for each pointer; no pointer is followed.
+gw::Object *pointer(char letter) {
+  return reinterpret_cast<gw::Object *>(static_cast<std::uintptr_t>(letter));
+}
+
+ObjectList listOf(const std::string &letters) {
+  ObjectList list;
+  for (char letter : letters)
+    list.insert(pointer(letter));
+  return list;
+}
+
+std::string text(const ObjectList &list) {
+  std::string letters;
+  for (int i = 0; i < list.getCount(); i++)
+    letters += static_cast<char>(reinterpret_cast<std::uintptr_t>(list[i]));
+  return letters;
+}
+
+/// From now on this process gets no more address space.
+void takeAllMemory() {
+  const rlimit none{0, 0};
+  setrlimit(RLIMIT_AS, &none);
+}
+
+} // namespace
+
+TEST(ObjectList, StorageDoublesWhenFull) {
+  ObjectList list;
+  EXPECT_FALSE(list.isFull());
+  std::string full_at;
+  for (int count = 1; count <= 20; count++) {
+    list.insert(pointer('a'));
+    if (list.isFull())
+      full_at += std::to_string(count) + " ";
+  }
+  EXPECT_EQ(full_at, "1 2 4 8 16 ");
+}
+
+TEST(ObjectList, RemovingMovesTheLastIntoTheGapOfTheFirst) {
+  const struct {
+    const char *before;
+    char removed;
+    int result;
+    const char *after;
+  } cases[] = {{"abcd", 'b', 0, "adc"},   {"abcd", 'a', 0, "dbc"},
+               {"abcd", 'd', 0, "abc"},   {"a", 'a', 0, ""},
+               {"abacd", 'a', 0, "dbac"}, {"aa", 'a', 0, "a"},
+               {"abc", 'x', -1, "abc"},   {"", 'a', -1, ""}};
+  for (const auto &c : cases) {
+    ObjectList list = listOf(c.before);
+    EXPECT_EQ(list.remove(pointer(c.removed)), c.result) << c.before;
+    EXPECT_EQ(text(list), c.after) << c.before;
+  }
+  ObjectList list = listOf("ab");
+  list.clear();
+  EXPECT_EQ(list.remove(pointer('a')), -1) << "nothing is left after clear";
+  list.insert(pointer('c'));
+  EXPECT_EQ(text(list), "c");
+  EXPECT_FALSE(list.isFull()) << "clear keeps the storage of two";
+}
+
+TEST(ObjectList, AnIndexOutsideThrows) {
+  for (int index : {3, -1, INT_MAX, INT_MIN})
+    try {
+      listOf("abc")[index];
+      ADD_FAILURE() << index;
+    } catch (const std::out_of_range &error) {
+      EXPECT_STREQ(error.what(), "Invalid index.");
+    }
+}
+
+TEST(ObjectList, CopiesAreIndependent) {
+  ObjectList source = listOf("abc");
+  ObjectList copied(source);
+  ObjectList assigned = listOf("vwxyz");
+  assigned = source;
+  EXPECT_FALSE(copied.isFull() || assigned.isFull()) << "copied with room for four";
+  copied.insert(pointer('d'));
+  assigned.clear();
+  source.remove(pointer('a'));
+  source.insert(pointer('e'));
+  const ObjectList &same = source;
+  source = same;
+  EXPECT_EQ(text(source) + "|" + text(copied) + "|" + text(assigned), "cbe|abcd|");
+}
+
+TEST(ObjectListDeathTest, RunningOutOfMemoryEndsTheProcessWithAMessage) {
+  const ObjectList big = listOf(std::string(1 << 20, 'a')); // 8 MB, and full
+  ObjectList growing(big);
+  ObjectList other;
+  const auto exits = testing::ExitedWithCode(1);
+  const char *message = "^Error calling malloc\\(\\): Cannot allocate memory\n$";
+  EXPECT_EXIT((takeAllMemory(), ObjectList(big)), exits, message);
+  EXPECT_EXIT((takeAllMemory(), other = big), exits, message);
+  EXPECT_EXIT((takeAllMemory(), growing.insert(pointer('b'))), exits, message);
+}

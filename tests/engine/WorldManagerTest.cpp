@@ -1,0 +1,271 @@
+#include "EngineTest.h"
+#include "EventCollision.h"
+#include "GameManager.h"
+
+#include <memory>
+
+namespace {
+
+using gw::BLOCK;
+using gw::CollisionResponse;
+using gw::IGNORE;
+using gw::OVERLAP;
+using gw::Vector;
+using Journal = std::vector<std::string>;
+
+/// Writes into the world's journal what it hears (but for steps), when it is drawn and
+/// when it is deleted.
+class Witness : public gw::Object {
+public:
+  std::function<void(const gw::Event &)> onEvent; ///< optional
+  std::function<void()> onDelete;                 ///< optional
+
+  Witness(Journal &init_journal, const std::string &name) : journal(init_journal) {
+    setType(name);
+  }
+  ~Witness() override {
+    note("deleted");
+    if (onDelete)
+      onDelete();
+  }
+  int eventHandler(const gw::Event *p_e) override {
+    if (p_e->getType() != "gw::step")
+      note(p_e->getType().substr(4));
+    if (onEvent)
+      onEvent(*p_e);
+    return 0;
+  }
+  int draw() override { return note("drawn"), 0; }
+
+private:
+  void note(const std::string &what) { journal.push_back(getType() + " " + what); }
+  Journal &journal;
+};
+
+class WorldManagerTest : public EngineTest {
+protected:
+  Witness *add(const std::string &name, Vector where = Vector(64, 24),
+               CollisionResponse response = IGNORE) {
+    auto *p_witness = new Witness(journal, name);
+    p_witness->setPosition(where);
+    p_witness->setCollisionResponse(response);
+    return p_witness;
+  }
+
+  /// What happens meanwhile.
+  Journal during(const std::function<void()> &action) {
+    journal.clear();
+    action();
+    return journal;
+  }
+  Journal update() {
+    return during([this] { world.update(); });
+  }
+  /// A whole step of the game loop, which is late and so does not sleep.
+  Journal step() {
+    return during([] { gw::GameManager::getInstance().runStep(1000000); });
+  }
+
+  static Journal types(const gw::ObjectList &objects) {
+    Journal found;
+    for (int i = 0; i < objects.getCount(); i++)
+      found.push_back(objects[i]->getType());
+    return found;
+  }
+
+  gw::WorldManager &world = gw::WorldManager::getInstance();
+  Journal journal;
+};
+
+} // namespace
+
+TEST_F(WorldManagerTest, ACollisionIsToldToMoverAndOtherAndOnlyTwoBlockersBlock) {
+  const auto expect = [&](CollisionResponse mover, CollisionResponse other,
+                          const std::string &changing, CollisionResponse changed,
+                          bool moved) {
+    world.shutDown();
+    world.startUp();
+    Witness *p_mover = add("mover", {10, 10}, mover);
+    Witness *p_other = add("other", {12, 10}, other);
+    Witness *p_changing = changing == "mover" ? p_mover : p_other;
+    p_changing->onEvent = [&](const gw::Event &) {
+      p_changing->setCollisionResponse(changed); // counts at once
+    };
+    p_mover->setVelocity({1, 0}); // the boxes will just touch
+    const Journal heard = {"mover collision", "other collision"};
+    EXPECT_EQ(update(), mover == IGNORE || other == IGNORE ? Journal{} : heard);
+    EXPECT_EQ(p_mover->getPosition().getX(), moved ? 11 : 10)
+        << mover << other << changed;
+  };
+  for (CollisionResponse mover : {BLOCK, OVERLAP, IGNORE})
+    for (CollisionResponse other : {BLOCK, OVERLAP, IGNORE})
+      expect(mover, other, "other", other, mover != BLOCK || other != BLOCK);
+  expect(BLOCK, BLOCK, "other", OVERLAP, true);
+  expect(BLOCK, BLOCK, "mover", IGNORE, true);
+  expect(OVERLAP, BLOCK, "mover", BLOCK, false);
+  expect(BLOCK, OVERLAP, "other", BLOCK, false);
+}
+
+TEST_F(WorldManagerTest, EveryCollisionIsToldInListOrderEvenWhenTheFirstBlocks) {
+  add("a", {129, 24}, BLOCK);
+  Witness *p_mover = add("mover", {128, 24}, BLOCK);
+  add("far", {131, 24}, BLOCK);
+  add("b", {130, 25}, OVERLAP);
+  Journal partners;
+  p_mover->onEvent = [&](const gw::Event &event) {
+    const auto &collision = dynamic_cast<const gw::EventCollision &>(event);
+    EXPECT_EQ(collision.getObject1(), p_mover);
+    EXPECT_EQ(xy(collision.getPosition()), xy({129, 24})) << "where it wants to go";
+    partners.push_back(collision.getObject2()->getType());
+  };
+  p_mover->setVelocity({1, 0});
+  EXPECT_EQ(update(),
+            (Journal{"mover collision", "a collision", "mover collision", "b collision"}))
+      << "and it is not told that it is out, because it stays";
+  EXPECT_EQ(partners, (Journal{"a", "b"}));
+  EXPECT_EQ(world.moveObject(p_mover, {129, 24}), -1);
+  EXPECT_EQ(xy(p_mover->getPosition()), xy({128, 24}));
+}
+
+TEST_F(WorldManagerTest, LeavingTheWorldIsToldOncePerCrossing) {
+  Witness *p_mover = add("mover", {127, 24}, OVERLAP);
+  add("bystander", {64, 24}, OVERLAP);
+  const struct {
+    Vector to;
+    bool out;
+  } walk[] = {{{128, 24}, false},  {{129, 24}, true},    {{130, 24}, false},
+              {{128, 48}, false},  {{128, 48.5f}, true}, {{0, 0}, false},
+              {{0, -0.5f}, true},  {{0, 0}, false},      {{-0.01f, 24}, true},
+              {{-5, 60}, false},   {{140, 60}, false},   {{1, 1}, false},
+              {{128.5f, 47}, true}};
+  for (const auto &leg : walk) {
+    const Vector from = p_mover->getPosition();
+    p_mover->onEvent = [&](const gw::Event &) {
+      EXPECT_EQ(xy(p_mover->getPosition()), xy(from)) << "told before it moves";
+    };
+    EXPECT_EQ(during([&] { EXPECT_EQ(world.moveObject(p_mover, leg.to), 0); }),
+              leg.out ? Journal{"mover out"} : Journal{})
+        << leg.to.getX() << ", " << leg.to.getY();
+    EXPECT_EQ(xy(p_mover->getPosition()), xy(leg.to));
+  }
+}
+
+TEST_F(WorldManagerTest, OnlyWhatChangesItsPositionCollides) {
+  add("other", {10, 10}, OVERLAP);
+  Witness *p_mover = add("mover", {10, 10}, OVERLAP);
+  EXPECT_EQ(update(), Journal{}) << "at rest";
+  p_mover->setVelocity({-3, -4});
+  EXPECT_EQ(update(), Journal{}) << "goes away";
+  p_mover->setSpeed(-5);
+  EXPECT_EQ(update(), (Journal{"mover collision", "other collision"})) << "comes back";
+  p_mover->setBox(gw::Box({-30000000, -1}, 30000000, 2));
+  p_mover->setPosition({20000000, 10});
+  p_mover->setVelocity({0.5f, 0});
+  EXPECT_EQ(update(), Journal{}) << "too slow to change a float of that size";
+}
+
+TEST_F(WorldManagerTest, WhatIsMarkedGoesInTheNextUpdate) {
+  Witness *p_doomed = add("doomed");
+  Witness *p_other = add("other", {128, 24});
+  p_doomed->onEvent = [&](const gw::Event &) {
+    EXPECT_EQ(world.markForDelete(p_doomed), 0);
+    EXPECT_EQ(world.markForDelete(p_doomed), 0) << "twice is harmless";
+    EXPECT_TRUE(world.isMarkedForDelete(p_doomed));
+    EXPECT_FALSE(world.isMarkedForDelete(p_other));
+  };
+  EXPECT_EQ(step(), (Journal{"doomed deleted", "other drawn"}))
+      << "marked in the step event: gone before it is drawn";
+  p_other->setVelocity({1, 0});
+  p_other->onEvent = [&](const gw::Event &event) {
+    if (event.getType() == "gw::out")
+      world.markForDelete(p_other);
+  };
+  EXPECT_EQ(step(), (Journal{"other out", "other drawn"}))
+      << "marked while things move: still drawn";
+  EXPECT_EQ(step(), Journal{"other deleted"});
+  EXPECT_EQ(step(), Journal{});
+}
+
+TEST_F(WorldManagerTest, WhatADestructorMarksGoesOneUpdateLater) {
+  Witness *p_first = add("first");
+  Witness *p_second = add("second");
+  Witness *p_third = add("third");
+  p_first->onDelete = [&] {
+    world.markForDelete(p_second);
+    world.markForDelete(p_third); // is marked already
+    add("new");
+  };
+  world.markForDelete(p_first);
+  world.markForDelete(p_third);
+  const Journal first_step = {"first deleted", "third deleted", "new drawn",
+                              "second drawn"};
+  EXPECT_EQ(step(), first_step);
+  EXPECT_EQ(step(), (Journal{"second deleted", "new drawn"}));
+  EXPECT_EQ(step(), Journal{"new drawn"});
+}
+
+// The heap likes to give a new object the address of the one deleted before it.
+TEST_F(WorldManagerTest, AMarkHoldsForANewObjectAtTheAddressOfADeletedOne) {
+  struct Successor : Witness {
+    using Witness::Witness;
+    static void *operator new(std::size_t size) {
+      static std::unique_ptr<char[]> place(new char[size]);
+      return place.get();
+    }
+    static void operator delete(void *) {}
+  };
+  world.markForDelete(new Successor(journal, "first"));
+  Witness *p_second = add("second");
+  p_second->onDelete = [&] { world.markForDelete(new Successor(journal, "third")); };
+  world.markForDelete(p_second);
+  EXPECT_EQ(update(), (Journal{"first deleted", "second deleted"}));
+  EXPECT_EQ(update(), Journal{"third deleted"});
+}
+
+TEST_F(WorldManagerTest, WhatIsCreatedWhileThingsMoveMovesInTheSamePass) {
+  Witness *p_first = add("first", {128, 24});
+  p_first->setVelocity({1, 0});
+  p_first->onEvent = [&](const gw::Event &event) {
+    if (event.getType() == "gw::out")
+      add("child", {0, 10})->setVelocity({-1, 0});
+  };
+  EXPECT_EQ(step(), (Journal{"first out", "child out", "first drawn", "child drawn"}));
+}
+
+TEST_F(WorldManagerTest, DrawingGoesByAltitudeAndThenByTheList) {
+  const std::pair<const char *, int> cases[] = {{"a", 4}, {"b", 0}, {"c", 2}, {"d", 3},
+                                                {"e", 2}, {"f", 1}, {"g", 0}};
+  for (const auto &[name, altitude] : cases)
+    add(name)->setAltitude(altitude);
+  EXPECT_EQ(step(), (Journal{"b drawn", "g drawn", "f drawn", "c drawn", "e drawn",
+                             "d drawn", "a drawn"}));
+  world.markForDelete(world.getAllObjects()[0]);
+  EXPECT_EQ(step(), (Journal{"a deleted", "g drawn", "b drawn", "f drawn", "c drawn",
+                             "e drawn", "d drawn"}))
+      << "the last of the list moves into the gap";
+}
+
+TEST_F(WorldManagerTest, QueriesFindByExactTypeAndByWhatABoxWouldTouch) {
+  Witness *p_bee = add("Bee", {10, 10}, IGNORE);
+  Witness *p_other = add("bee", {12, 10}, OVERLAP);
+  add("Bee ", {12, 10}, IGNORE);
+  add("Bee", {-50, 0}, BLOCK)->setBox(gw::Box({62, 11}, 0, 0)); // the point (12, 11)
+  EXPECT_EQ(world.getAllObjectsOfType("Bee").getCount(), 2);
+  EXPECT_EQ(types(world.getCollisions(p_bee, {11.5f, 10.5f})), (Journal{"bee", "Bee"}))
+      << "its own response does not matter here";
+  EXPECT_EQ(types(world.getCollisions(p_other, {12, 10.25f})), Journal{}) << "not itself";
+  world.insertObject(p_bee);
+  EXPECT_EQ(world.getAllObjects().getCount(), 4) << "it was there already";
+}
+
+TEST_F(WorldManagerTest, ShuttingDownDeletesEverythingOnceAndForgetsMarks) {
+  add("a");
+  world.markForDelete(add("marked"));
+  add("c");
+  EXPECT_EQ(during([&] { world.shutDown(); }),
+            (Journal{"a deleted", "marked deleted", "c deleted"}));
+  EXPECT_TRUE(world.getAllObjects().isEmpty());
+  world.startUp();
+  add("d");
+  EXPECT_EQ(step(), Journal{"d drawn"});
+}
