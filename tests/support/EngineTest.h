@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// The engine without a window, for one test: log (everything, flushed),
@@ -44,3 +45,8 @@ void writeFile(const std::string &filename, const std::string &content);
 
 /// Text in which every line ends with LF.
 std::string lines(const std::vector<std::string> &content);
+
+/// A vector as something that can be compared and printed.
+inline std::pair<float, float> xy(gw::Vector vector) {
+  return {vector.getX(), vector.getY()};
+}

@@ -8,6 +8,7 @@
 
 void GameTest::SetUp() {
   EngineTest::SetUp();
+  std::filesystem::remove_all("tazlet"); // of the test before, in the same process
   std::filesystem::create_directory("tazlet");
   std::filesystem::create_directory_symlink(GLIDEWING_RUN_DIR "/tazlet/sprites",
                                             "tazlet/sprites");

@@ -1,0 +1,100 @@
+#include "RulesTest.h"
+
+class GameOverTest : public RulesTest {
+protected:
+  /// A game without spawners, with 7 insects on the board, and a blue glidewing
+  /// wanted.
+  void playToTheLastSlot() {
+    seedRows({"Gb"}, false);
+    startGame();
+    removeSpawners();
+    for (int i = 0; i < 7; i++)
+      pin("Br");
+  }
+
+  /// Steps that the picture takes to play through once.
+  static int pictureSteps() {
+    const gw::Sprite *p_sprite = gw::ResourceManager::getInstance().getSprite("GameOver");
+    return p_sprite->getFrameCount() * p_sprite->getSlowdown();
+  }
+};
+
+TEST_F(GameOverTest, PlayStopsAtOnceAndTheRestGoesWhenThePictureHasPlayed) {
+  seedRows({"Gb"}, false);
+  startGame();
+  const char *codes[] = {"Br", "Gr", "Bg", "Gg", "Bm", "Gm", "Bc", "Gc"};
+  for (int i = 0; i < 8; i++)
+    add(codes[i], {10 + 12 * static_cast<float>(i), 20});
+  add("Br", {20, 40});
+  add("bee", {60, 40});
+  press({60, 40}); // the slower counts
+  world().update();
+  add("bee", {60, 40});
+  for (int i = 7; i > 0; i--) // not the order of the world's list
+    press({10 + 12 * static_cast<float>(i), 20});
+  Lines log = rulesLog([&] { press(gw::Vector(10, 20)); });
+  EXPECT_EQ(log, says({"place Br 8", "overflow", "delay Br", "delay Gr", "delay Bg",
+                       "delay Gg", "delay Bm", "delay Gm", "delay Bc", "delay Gc",
+                       "check Br 0", "type Br Gb 0", "fail", "type Br Gb 0"}));
+  world().update(); // what the same step does after its input
+  log = logOf([&] {
+    for (int i = 1; i < pictureSteps(); i++) {
+      step();
+      pressKey(gw::Keyboard::P);
+      ASSERT_FALSE(menu()->getMenuActive());
+      ASSERT_EQ(insects(), 8) << "step " << i;
+    }
+  });
+  EXPECT_EQ(matching("^[^BG]|Border|Game", sortedTypes()),
+            (Lines{"Border", "GameOver", "GameStart", "PinBoard", "Score", "Slower"}));
+  EXPECT_EQ(countOf("DEBUG: Sent an Unslow event", log), 1);
+  step();
+  EXPECT_EQ(sortedTypes(), (Lines{"Border", "GameStart"}));
+  EXPECT_TRUE(menu()->getMenuActive());
+}
+
+TEST_F(GameOverTest, WithoutItsPictureTheNextStepEndsTheGameAndASaleTagOutlivesIt) {
+  playToTheLastSlot();
+  gw::ResourceManager::getInstance().unloadSprite("GameOver");
+  pin("Gb");
+  EXPECT_FALSE(menu()->getMenuActive());
+  step();
+  EXPECT_TRUE(menu()->getMenuActive());
+  EXPECT_EQ(sortedTypes(), (Lines{"Border", "GameStart", "SoldTag"}));
+  pressKey(gw::Keyboard::P);
+  EXPECT_EQ(score(), 0);
+  step(98);
+  EXPECT_EQ(count("SoldTag"), 1) << "in its 99th step";
+  step();
+  EXPECT_EQ(count("SoldTag"), 0);
+}
+
+TEST_F(GameOverTest, ThePinThatFillsTheBoardStillSellsTheRowButTheBoardKeepsItsInsects) {
+  playToTheLastSlot();
+  seedRows({"Gc Gm Bg"}, true);
+  const Lines log = rulesLog([&] { pin("Gb"); });
+  EXPECT_EQ(matching("Board slot|overflowed|is on|Checking|cleared|Generating", log),
+            says({"place Gb 8", "overflow", "delay Br", "delay Br", "delay Br",
+                  "delay Br", "delay Br", "delay Br", "delay Br", "delay Gb",
+                  "check Gb 0", "sell", "renew"}));
+  EXPECT_EQ(score(), 5) << "a full board pays, too";
+  EXPECT_EQ(count("SoldTag"), 1);
+  step(pictureSteps() - 1);
+  EXPECT_EQ(count("GameOver"), 1);
+  EXPECT_EQ(insects(), 8 + 3) << "the new row came too late to go at once";
+  EXPECT_EQ(pinned(), "Br Br Br Br Br Br Br Gb");
+  step();
+  EXPECT_EQ(sortedTypes(), (Lines{"Border", "GameStart"}));
+}
+
+// The board would keep a pointer to the second insect, which the end of the game
+// has already marked.
+TEST_F(GameOverTest, ThePressThatFillsTheBoardPinsNothingElse) {
+  playToTheLastSlot();
+  add("Gg");
+  const Insect *p_late = pin("Bg");
+  EXPECT_FALSE(p_late->getPinned());
+  EXPECT_EQ(pinned(), "Br Br Br Br Br Br Br Gg");
+  step();
+  EXPECT_EQ(insects(), 8);
+}

@@ -1,0 +1,122 @@
+#include "RulesTest.h"
+
+namespace {
+
+float rollComponent(Dice &dice, float numbers_per_cell, float max) {
+  float component = 0;
+  while (component > -0.4f && component < 0.4f)
+    component = static_cast<float>(dice.roll()) / numbers_per_cell - max;
+  return component;
+}
+
+/// What a spawner has to make of its random numbers.
+struct Spawn {
+  explicit Spawn(Dice &dice) {
+    const int kind = dice.roll();
+    x = rollComponent(dice, 11702.5f, 1.4f);
+    y = rollComponent(dice, 18203.889f, 0.9f);
+    const char color = dice.rollColor();
+    if (kind % 17 != 0)
+      code = {dice.roll() % 2 == 0 ? 'B' : 'G', color};
+  }
+
+  std::string code = "bee";
+  float x, y;
+};
+
+std::string print(float x, float y) {
+  return "(" + std::to_string(x) + ", " + std::to_string(y) + ")";
+}
+
+} // namespace
+
+class SpawnerTest : public RulesTest {
+protected:
+  static int objects() { return world().getAllObjects().getCount(); }
+
+  static const Insect *newest() {
+    return dynamic_cast<Insect *>(world().getAllObjects()[objects() - 1]);
+  }
+};
+
+TEST_F(SpawnerTest, ASeedDecidesKindColorAndVelocityOfEveryInsect) {
+  loadResources();
+  (new Spawner)->setPosition({50, 20});
+  std::set<std::string> seen;
+  Lines expected_log;
+  const Lines log = logOf([&] {
+    (new Sequence)->generateSequence(6); // shares its pictures with what is spawned
+    for (const float multiplier : {1.0f, 0.5f, 1.0f}) {
+      gw::srand(2026);
+      Dice dice{2026};
+      for (int i = 0; i < 150; i++) {
+        const Spawn spawn(dice);
+        findFirst<Spawner>("Spawner")->spawnInsect();
+        const Insect *p_insect = newest();
+        ASSERT_EQ(codeOf(p_insect), spawn.code) << "insect " << i;
+        seen.insert(spawn.code);
+        const float x = spawn.x * multiplier, y = spawn.y * multiplier;
+        EXPECT_NEAR(p_insect->getVelocity().getX(), x, 1e-5f) << "insect " << i;
+        EXPECT_NEAR(p_insect->getVelocity().getY(), y, 1e-5f) << "insect " << i;
+        EXPECT_EQ(xy(p_insect->getPosition()), xy({50, 20})) << "insect " << i;
+        const gw::Sprite *p_sprite = p_insect->getAnimation().getSprite();
+        const bool is_bee = spawn.code == "bee";
+        const std::string kind = spawn.code[0] == 'B' ? "butterfly" : "glidewing";
+        EXPECT_EQ(p_sprite->getLabel(),
+                  is_bee ? "Bee" : kind + "color" + p_insect->getColorAsString());
+        EXPECT_TRUE(is_bee || p_sprite->getColor() == p_insect->getColor());
+        expected_log.push_back("DEBUG: Spawner initial insect velocity was " +
+                               print(spawn.x, spawn.y));
+        expected_log.push_back("DEBUG: Spawner made an insect with direction " +
+                               print(x, y) + " from slow multipler " +
+                               std::to_string(multiplier));
+      }
+      multiplier == 1.0f ? send(EventSlow()) : send(EventUnslow());
+    }
+  });
+  EXPECT_EQ(matching("^DEBUG: Spawner", log), expected_log);
+  EXPECT_EQ(seen.size(), 11u) << "bees, and two kinds in five colours";
+  const Lines loads = matching("Loading sprite", log);
+  EXPECT_EQ(loads.size(), 10u) << "one picture for each kind and colour";
+  EXPECT_EQ(std::set<std::string>(loads.begin(), loads.end()).size(), 10u);
+}
+
+TEST_F(SpawnerTest, AReleaseComesAtOnceThenByChanceAndSurelyAfterAPeriod) {
+  for (const int period : {400, 30, 3, 2, 1})
+    for (const unsigned seed : {1u, 77u, 2026u}) {
+      Spawner &spawner = *new Spawner;
+      if (period != 400) // what it begins with
+        spawner.setSpawnFrequency(period);
+      gw::srand(seed);
+      Dice dice{seed};
+      for (int i = 0, countdown = 0; i < 3 * period + 20; i++) {
+        const bool is_due = --countdown <= dice.roll() % period;
+        if (is_due) {
+          const Spawn spawn(dice);
+          countdown = period;
+        }
+        ASSERT_TRUE(is_due || (i > 0 && countdown > 0));
+        const int before = objects();
+        send(gw::EventStep(i));
+        ASSERT_EQ(objects() - before, is_due ? 1 : 0)
+            << "period " << period << ", seed " << seed << ", step " << i;
+      }
+      clearWorld();
+    }
+}
+
+TEST_F(SpawnerTest, EverySaleTakesAnEighthOffThePeriodAndNothingOffTheCountdown) {
+  Spawner &spawner = *new Spawner;
+  spawner.setSpawnCountdown(200);
+  for (const int period :
+       {350, 306, 267, 233, 203, 177, 154, 134, 117, 102, 89, 77, 67, 58, 50, 43, 37, 32,
+        28,  24,  21,  18,  15,  13,  11,  9,   7,   6,   5,  4,  3,  2,  1,  1,  1})
+    EXPECT_EQ(rulesLog([] { send(EventClear(gw::ObjectList())); }),
+              says({"period " + std::to_string(period)}));
+  EXPECT_EQ(spawner.getSpawnCountdown(), 200);
+  spawner.setSpawnCountdown(1);
+  for (int i = 1; i <= 5; i++) {
+    send(gw::EventStep(i));
+    EXPECT_EQ(objects(), 1 + i) << "one insect in every step";
+  }
+}
