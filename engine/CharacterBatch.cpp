@@ -2,12 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace gw {
 
 namespace {
 
-constexpr int WORD_BITS = 64;
+constexpr int BAND_ROWS = 16; ///< pixel rows of the picture that are drawn together
 
 /// The font's texture is white around (1, 1), which lets backgrounds and glyphs
 /// share one draw call.
@@ -25,32 +26,104 @@ bool isControl(char ch) {
   return code < 32 || code == 127;
 }
 
+bool isWhole(sf::Vector2f position) {
+  return std::floor(position.x) == position.x && std::floor(position.y) == position.y;
+}
+
+/// Every pixel that the area touches.
+sf::IntRect touchedPixels(sf::FloatRect area) {
+  const sf::Vector2f end = area.position + area.size;
+  const sf::Vector2i first(static_cast<int>(std::floor(area.position.x)),
+                           static_cast<int>(std::floor(area.position.y)));
+  const sf::Vector2i last(static_cast<int>(std::ceil(end.x)),
+                          static_cast<int>(std::ceil(end.y)));
+  return {first, last - first};
+}
+
+/// The pixels whose centre is in the area: those that the graphics card fills.
+sf::IntRect filledPixels(sf::FloatRect area) {
+  const sf::Vector2f end = area.position + area.size;
+  const sf::Vector2i first(static_cast<int>(std::ceil(area.position.x - 0.5f)),
+                           static_cast<int>(std::ceil(area.position.y - 0.5f)));
+  const sf::Vector2i last(static_cast<int>(std::ceil(end.x - 0.5f)),
+                          static_cast<int>(std::ceil(end.y - 0.5f)));
+  return {first, last - first};
+}
+
+/// The part of the area inside a picture of that size; may be empty.
+sf::IntRect clip(sf::IntRect area, sf::Vector2i size) {
+  return area.findIntersection(sf::IntRect({0, 0}, size)).value_or(sf::IntRect());
+}
+
+std::uint32_t toPixel(sf::Color color) {
+  const std::uint8_t bytes[] = {color.r, color.g, color.b, color.a};
+  std::uint32_t pixel;
+  std::memcpy(&pixel, bytes, sizeof pixel);
+  return pixel;
+}
+
+/// a * b / 255, rounded as the graphics card does it.
+unsigned multiply(unsigned a, unsigned b) {
+  const unsigned product = a * b + 128;
+  return (product + (product >> 8)) >> 8;
+}
+
+/// A colour over an opaque pixel.
+std::uint32_t blend(std::uint32_t pixel, sf::Color color, unsigned opacity) {
+  std::uint8_t bytes[4];
+  std::memcpy(bytes, &pixel, sizeof bytes);
+  const std::uint8_t source[] = {color.r, color.g, color.b};
+  for (int i = 0; i < 3; i++)
+    bytes[i] = static_cast<std::uint8_t>(multiply(source[i], opacity) +
+                                         multiply(bytes[i], 255 - opacity));
+  std::memcpy(&pixel, bytes, sizeof pixel);
+  return pixel;
+}
+
 } // namespace
 
 void CharacterBatch::clear(sf::Vector2u size, sf::Color color) {
   vertices.clear();
+  is_shared = false;
   target_size = sf::Vector2i(size);
   clear_color = color;
-  words_per_row = (target_size.x + WORD_BITS - 1) / WORD_BITS;
-  painted.assign(static_cast<std::size_t>(words_per_row * target_size.y), 0);
+  picture.assign(static_cast<std::size_t>(target_size.x * target_size.y), toPixel(color));
+  painted.reset(target_size);
+  covered.reset(target_size);
 }
 
 void CharacterBatch::add(sf::Vector2f position, sf::Vector2f cell, char ch,
                          sf::Color color, sf::Color background, const sf::Font *p_font) {
-  const sf::Vector2f offset(-cell.x / 10, cell.y / 5);
-  addBackground(sf::FloatRect(position + offset, cell), background);
-  if (p_font && !isControl(ch)) {
-    font = p_font;
-    addGlyph(position, ch, characterSize(cell), color);
+  const sf::FloatRect area(position + sf::Vector2f(-cell.x / 10, cell.y / 5), cell);
+  // A glyph may reach a little over its cell, but never by a whole one.
+  if (!isVisible({area.position - cell, 3.f * cell}))
+    return;
+  const Glyph *p_glyph = getGlyph(ch, characterSize(cell), p_font);
+  if (!is_shared && isWhole(position)) {
+    const sf::IntRect background_area = filledPixels(area);
+    const sf::Vector2i pixel(position);
+    const bool is_on_top =
+        !covered.intersects(background_area) &&
+        !(p_glyph &&
+          covered.intersects({pixel + p_glyph->area.position, p_glyph->area.size}));
+    if (is_on_top) {
+      paint(background_area, background, pixel, p_glyph, color);
+      return;
+    }
   }
+  addBackground(area, background);
+  if (p_glyph)
+    addGlyph(position, p_glyph->glyph, color);
 }
 
 void CharacterBatch::draw(sf::RenderTarget &target) {
+  if (!is_shared)
+    drawPicture(target);
   if (vertices.empty())
     return;
   sf::RenderStates states;
   // Fetched only now: it grows with every new glyph.
-  states.texture = font ? &font->getTexture(glyph_size) : nullptr;
+  states.texture = p_glyph_font ? &p_glyph_font->getTexture(glyph_size) : nullptr;
   target.draw(vertices.data(), vertices.size(), sf::PrimitiveType::Triangles, states);
   vertices.clear();
 }
@@ -59,39 +132,100 @@ void CharacterBatch::release() {
   *this = CharacterBatch();
 }
 
+/// Draws the tiles of the picture that have something on them.
+void CharacterBatch::drawPicture(sf::RenderTarget &target) {
+  constexpr int TILE = PixelSet::WORD_PIXELS;
+  picture_vertices.clear();
+  int first_row = target_size.y;
+  int end_row = 0;
+  for (int top = 0; top < target_size.y; top += BAND_ROWS) {
+    const int bottom = std::min(top + BAND_ROWS, target_size.y);
+    for (int word = 0; word < painted.getWordsPerRow(); word++) {
+      if (!painted.hasAny(word, top, bottom))
+        continue;
+      first_row = std::min(first_row, top);
+      end_row = bottom;
+      const sf::IntRect tile =
+          clip({{word * TILE, top}, {TILE, bottom - top}}, target_size);
+      addQuad(picture_vertices, sf::FloatRect(tile), sf::FloatRect(tile),
+              sf::Color::White);
+    }
+  }
+  if (picture_vertices.empty())
+    return;
+  if (!texture)
+    texture.emplace(sf::Vector2u(target_size));
+  const auto *p_rows = reinterpret_cast<const std::uint8_t *>(
+      &picture[static_cast<std::size_t>(first_row * target_size.x)]);
+  texture->update(p_rows, sf::Vector2u(sf::Vector2i(target_size.x, end_row - first_row)),
+                  sf::Vector2u(sf::Vector2i(0, first_row)));
+  sf::RenderStates states(sf::BlendNone);
+  states.texture = &*texture;
+  target.draw(picture_vertices.data(), picture_vertices.size(),
+              sf::PrimitiveType::Triangles, states);
+}
+
+/// Paints a character into the picture.
+void CharacterBatch::paint(sf::IntRect background_area, sf::Color background,
+                           sf::Vector2i position, const Glyph *p_glyph, sf::Color color) {
+  const auto pixelAt = [this](int x, int y) {
+    return picture.begin() + y * target_size.x + x;
+  };
+  if (background != clear_color || painted.intersects(background_area)) {
+    const sf::IntRect area = clip(background_area, target_size);
+    for (int y = 0; y < area.size.y; y++)
+      std::fill_n(pixelAt(area.position.x, area.position.y + y), area.size.x,
+                  toPixel(background));
+    if (background == clear_color)
+      painted.remove(area);
+    else
+      painted.insert(area);
+  }
+  if (!p_glyph)
+    return;
+  const sf::IntRect whole(position + p_glyph->area.position, p_glyph->area.size);
+  const sf::IntRect area = clip(whole, target_size);
+  for (int y = area.position.y; y < area.position.y + area.size.y; y++) {
+    auto pixel = pixelAt(area.position.x, y);
+    auto opacity = p_glyph->opacity.begin() + (y - whole.position.y) * whole.size.x +
+                   (area.position.x - whole.position.x);
+    for (int x = 0; x < area.size.x; x++, ++pixel, ++opacity)
+      if (*opacity != 0)
+        *pixel = blend(*pixel, color, *opacity);
+  }
+  painted.insert(area);
+}
+
 void CharacterBatch::addBackground(sf::FloatRect area, sf::Color color) {
   if (!isVisible(area))
     return;
-  if (color != clear_color) {
-    addQuad(area, WHITE_TEXEL, color);
-    setPainted(area);
-  } else if (isPainted(area)) {
-    addQuad(area, WHITE_TEXEL, color);
-    setClean(area);
-  }
+  const sf::IntRect touched = touchedPixels(area);
+  if (color == clear_color && !is_shared && !painted.intersects(touched))
+    return;
+  addQuad(vertices, area, WHITE_TEXEL, color);
+  painted.insert(touched);
+  covered.insert(touched);
 }
 
-void CharacterBatch::addGlyph(sf::Vector2f position, char ch, unsigned size,
+void CharacterBatch::addGlyph(sf::Vector2f position, const sf::Glyph &glyph,
                               sf::Color color) {
-  const sf::Glyph &glyph = getGlyph(ch, size);
-  if (glyph.bounds.size.x <= 0 || glyph.bounds.size.y <= 0)
-    return;
   // Like the library's text: one texel more on every side, for smooth edges
-  // between pixels, and the base line `size` below the top.
+  // between pixels, and the base line one character size below the top.
   const sf::Vector2f padding(1, 1);
-  const sf::Vector2f base_line(0, static_cast<float>(size));
+  const sf::Vector2f base_line(0, static_cast<float>(glyph_size));
   const sf::FloatRect area(position + base_line + glyph.bounds.position - padding,
                            glyph.bounds.size + 2.f * padding);
   if (!isVisible(area))
     return;
   const sf::FloatRect texels(glyph.textureRect);
-  addQuad(area, sf::FloatRect(texels.position - padding, texels.size + 2.f * padding),
-          color);
-  setPainted(area);
+  addQuad(vertices, area,
+          sf::FloatRect(texels.position - padding, texels.size + 2.f * padding), color);
+  painted.insert(touchedPixels(area));
+  covered.insert(touchedPixels(area));
 }
 
-void CharacterBatch::addQuad(sf::FloatRect area, sf::FloatRect texture_area,
-                             sf::Color color) {
+void CharacterBatch::addQuad(std::vector<sf::Vertex> &triangles, sf::FloatRect area,
+                             sf::FloatRect texture_area, sf::Color color) {
   const sf::Vector2f a = area.position;
   const sf::Vector2f b = area.position + area.size;
   const sf::Vector2f s = texture_area.position;
@@ -100,19 +234,8 @@ void CharacterBatch::addQuad(sf::FloatRect area, sf::FloatRect texture_area,
   const sf::Vertex top_right{{b.x, a.y}, color, {t.x, s.y}};
   const sf::Vertex bottom_left{{a.x, b.y}, color, {s.x, t.y}};
   const sf::Vertex bottom_right{b, color, t};
-  vertices.insert(vertices.end(), {top_left, top_right, bottom_left, bottom_left,
-                                   top_right, bottom_right});
-}
-
-const sf::Glyph &CharacterBatch::getGlyph(char ch, unsigned size) {
-  if (size != glyph_size) {
-    glyphs.fill(std::nullopt);
-    glyph_size = size;
-  }
-  std::optional<sf::Glyph> &glyph = glyphs[static_cast<unsigned char>(ch)];
-  if (!glyph)
-    glyph = font->getGlyph(sf::String(ch)[0], size, true);
-  return *glyph;
+  triangles.insert(triangles.end(), {top_left, top_right, bottom_left, bottom_left,
+                                     top_right, bottom_right});
 }
 
 /// False also for a position that is not a number.
@@ -122,60 +245,50 @@ bool CharacterBatch::isVisible(sf::FloatRect area) const {
          area.position.y < static_cast<float>(target_size.y) && end.y > 0;
 }
 
-/// Whether any pixel that the area touches may differ from the clear colour.
-bool CharacterBatch::isPainted(sf::FloatRect area) {
-  const sf::Vector2f end = area.position + area.size;
-  bool found = false;
-  forEachWord(
-      static_cast<int>(std::floor(area.position.x)),
-      static_cast<int>(std::floor(area.position.y)), static_cast<int>(std::ceil(end.x)),
-      static_cast<int>(std::ceil(end.y)),
-      [&](std::uint64_t &word, std::uint64_t mask) { found |= (word & mask) != 0; });
-  return found;
+/// @return null for a character that shows nothing
+const CharacterBatch::Glyph *CharacterBatch::getGlyph(char ch, unsigned size,
+                                                      const sf::Font *p_font) {
+  if (!p_font || isControl(ch))
+    return nullptr;
+  if (p_font != p_glyph_font || size != glyph_size) {
+    p_glyph_font = p_font;
+    glyph_size = size;
+    glyphs.fill(std::nullopt);
+    loadGlyphs(*p_font);
+  }
+  std::optional<Glyph> &glyph = glyphs[static_cast<unsigned char>(ch)];
+  if (!glyph) {
+    static_cast<void>(p_font->getGlyph(sf::String(ch)[0], glyph_size, true));
+    glyph = loadGlyph(ch, *p_font, p_font->getTexture(glyph_size).copyToImage());
+  }
+  return glyph->opacity.empty() ? nullptr : &*glyph;
 }
 
-/// Notes every pixel that the area touches.
-void CharacterBatch::setPainted(sf::FloatRect area) {
-  const sf::Vector2f end = area.position + area.size;
-  forEachWord(static_cast<int>(std::floor(area.position.x)),
-              static_cast<int>(std::floor(area.position.y)),
-              static_cast<int>(std::ceil(end.x)), static_cast<int>(std::ceil(end.y)),
-              [](std::uint64_t &word, std::uint64_t mask) { word |= mask; });
+/// Loads all printable characters at once: looking at the font's texture is slow.
+void CharacterBatch::loadGlyphs(const sf::Font &font) {
+  constexpr char FIRST = ' ';
+  constexpr char LAST = '~';
+  for (char ch = FIRST; ch <= LAST; ch++)
+    static_cast<void>(font.getGlyph(sf::String(ch)[0], glyph_size, true));
+  const sf::Image font_texture = font.getTexture(glyph_size).copyToImage();
+  for (char ch = FIRST; ch <= LAST; ch++)
+    glyphs[static_cast<unsigned char>(ch)] = loadGlyph(ch, font, font_texture);
 }
 
-/// Forgets the pixels that the area covers entirely.
-void CharacterBatch::setClean(sf::FloatRect area) {
-  const sf::Vector2f end = area.position + area.size;
-  forEachWord(static_cast<int>(std::ceil(area.position.x)),
-              static_cast<int>(std::ceil(area.position.y)),
-              static_cast<int>(std::floor(end.x)), static_cast<int>(std::floor(end.y)),
-              [](std::uint64_t &word, std::uint64_t mask) { word &= ~mask; });
-}
-
-/// Calls `visit` with every word that holds bits of the pixels from (left, top)
-/// up to but not including (right, bottom), and with the mask of these bits.
-template <class Visit>
-void CharacterBatch::forEachWord(int left, int top, int right, int bottom, Visit visit) {
-  left = std::max(left, 0);
-  top = std::max(top, 0);
-  right = std::min(right, target_size.x);
-  bottom = std::min(bottom, target_size.y);
-  if (left >= right)
-    return;
-  const int first = left / WORD_BITS;
-  const int last = (right - 1) / WORD_BITS;
-  const std::uint64_t from_left = ~std::uint64_t{0} << (left % WORD_BITS);
-  const std::uint64_t to_right =
-      ~std::uint64_t{0} >> (WORD_BITS - 1 - (right - 1) % WORD_BITS);
-  for (int y = top; y < bottom; y++)
-    for (int i = first; i <= last; i++) {
-      std::uint64_t mask = ~std::uint64_t{0};
-      if (i == first)
-        mask &= from_left;
-      if (i == last)
-        mask &= to_right;
-      visit(painted[static_cast<std::size_t>(y * words_per_row + i)], mask);
+CharacterBatch::Glyph CharacterBatch::loadGlyph(char ch, const sf::Font &font,
+                                                const sf::Image &font_texture) const {
+  Glyph loaded;
+  loaded.glyph = font.getGlyph(sf::String(ch)[0], glyph_size, true);
+  const sf::IntRect texels = loaded.glyph.textureRect;
+  loaded.area = {sf::Vector2i(loaded.glyph.bounds.position) +
+                     sf::Vector2i(0, static_cast<int>(glyph_size)),
+                 texels.size};
+  for (int y = 0; y < texels.size.y; y++)
+    for (int x = 0; x < texels.size.x; x++) {
+      const sf::Vector2i texel = texels.position + sf::Vector2i(x, y);
+      loaded.opacity.push_back(font_texture.getPixel(sf::Vector2u(texel)).a);
     }
+  return loaded;
 }
 
 } // namespace gw

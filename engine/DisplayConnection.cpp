@@ -24,7 +24,8 @@ int onDisplayLoss(Display *) {
 
 } // namespace
 
-DisplayConnection::DisplayConnection() : p_server(XOpenDisplay(nullptr)) {}
+DisplayConnection::DisplayConnection() : p_server(XOpenDisplay(nullptr)) {
+}
 
 DisplayConnection::~DisplayConnection() {
   if (p_server)
@@ -57,7 +58,8 @@ bool DisplayConnection::canOpenWindow() const {
   return true;
 }
 
-void endProcessOnDisplayLoss() {}
+void endProcessOnDisplayLoss() {
+}
 
 } // namespace gw
 

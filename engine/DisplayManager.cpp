@@ -64,9 +64,15 @@ void DisplayManager::shutDown() {
 }
 
 sf::RenderWindow *DisplayManager::getWindow() const {
-  if (p_window)
+  if (p_window) {
     batch.draw(*p_window);
+    batch.shareTarget();
+  }
   return p_window;
+}
+
+std::optional<sf::Event> DisplayManager::pollEvent() {
+  return p_window ? p_window->pollEvent() : std::nullopt;
 }
 
 sf::Color DisplayManager::mapGlidewingColorToSFMLColor(Color color) const {

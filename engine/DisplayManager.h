@@ -6,7 +6,7 @@
 
 #include <SFML/Graphics.hpp>
 
-#include <memory>
+#include <optional>
 #include <string>
 
 namespace gw {
@@ -70,6 +70,9 @@ public:
   /// The window, with all drawing done so far in it; stays this manager's. Null
   /// before start-up and after shut-down.
   sf::RenderWindow *getWindow() const;
+
+  /// The window's next pending event; nothing when there is none, or no window.
+  std::optional<sf::Event> pollEvent();
 
   int getHorizontal() const { return window_horizontal_chars; } ///< columns of cells
   int getVertical() const { return window_vertical_chars; }     ///< rows of cells

@@ -83,10 +83,7 @@ void InputManager::getInput() const {
   posted.clear();
   for (const sf::Event &event : events)
     handle(event);
-  sf::RenderWindow *p_window = DisplayManager::getInstance().getWindow();
-  if (!p_window)
-    return;
-  while (const std::optional<sf::Event> event = p_window->pollEvent())
+  while (const std::optional<sf::Event> event = DisplayManager::getInstance().pollEvent())
     handle(*event);
 }
 
