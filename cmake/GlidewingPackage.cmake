@@ -1,0 +1,70 @@
+# The portable archive and the Debian package, made by CPack. Include it once, after
+# GlidewingInstall.cmake, with which it shares its variables. Two components more,
+# which are only installed by CPack:
+#
+#   portable   what the archive needs beyond the installed game
+#   debian     the same for the package
+
+set(CPACK_PACKAGE_NAME tazlet)
+set(CPACK_PACKAGE_VENDOR "The Glidewing maintainers")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "pin flying insects in the order asked for")
+set(CPACK_PACKAGE_DESCRIPTION
+"Insects fly out of three flowers, and collectors pay for them: pin what the
+row at the top of the screen asks for, kind and colour, from left to right.
+A complete row is sold, and the flowers open faster. The board holds eight
+insects; pin without thinking, and it fills up.
+.
+Everything on the screen is drawn with text characters.")
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_COMPONENTS_GROUPING ALL_COMPONENTS_IN_ONE)
+set(CPACK_GENERATOR TGZ DEB)
+set(CPACK_TAZLET_RUNTIME "")
+if(tazlet_runtime)
+    set(CPACK_TAZLET_RUNTIME runtime)
+endif()
+# Which components each generator takes.
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_SOURCE_DIR}/packaging/cpack.cmake)
+
+# --- the archive ---------------------------------------------------------------
+
+set(CPACK_ARCHIVE_COMPONENT_INSTALL ON)
+string(TOLOWER ${CMAKE_SYSTEM_NAME} system)
+set(CPACK_ARCHIVE_FILE_NAME tazlet-${PROJECT_VERSION}-${system}-${CMAKE_SYSTEM_PROCESSOR})
+configure_file(packaging/README.portable.in ${out}/README.portable @ONLY)
+tazlet_install_bundle(machine COMPONENT portable EXCLUDE_FROM_ALL)
+install(FILES ${out}/README.portable DESTINATION . RENAME README COMPONENT portable
+    EXCLUDE_FROM_ALL)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tazlet
+    COMPONENT portable EXCLUDE_FROM_ALL)
+install(CODE "file(CREATE_LINK ${GLIDEWING_GAMESDIR}/tazlet
+    \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/tazlet\" SYMBOLIC)"
+    COMPONENT portable EXCLUDE_FROM_ALL)
+
+# --- the Debian package --------------------------------------------------------
+
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_SECTION games)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_MAINTAINER "The Glidewing maintainers <maintainers@glidewing.example>")
+# What is opened at run time. What is linked is added by packaging/staged.cmake.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libgl1, libgl1-mesa-dri, libpulse0 | libasound2")
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_SOURCE_DIR}/packaging/staged.cmake)
+foreach(file changelog copyright)
+    configure_file(packaging/debian/${file}.in ${out}/debian/${file} @ONLY)
+endforeach()
+set(changelog ${out}/debian/changelog.Debian.gz)
+add_custom_command(OUTPUT ${changelog}
+    COMMAND gzip -9 --no-name --stdout ${out}/debian/changelog > ${changelog}
+    DEPENDS ${out}/debian/changelog VERBATIM)
+add_custom_target(tazlet-debian ALL DEPENDS ${changelog})
+install(FILES ${changelog} ${out}/debian/copyright
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tazlet COMPONENT debian EXCLUDE_FROM_ALL)
+install(FILES packaging/debian/lintian-overrides
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME tazlet COMPONENT debian EXCLUDE_FROM_ALL)
+
+include(CPack)

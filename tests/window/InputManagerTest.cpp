@@ -1,0 +1,153 @@
+#include "InputManager.h"
+#include "EventKeyboard.h"
+#include "EventMouse.h"
+#include "GameManager.h"
+#include "WindowTest.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <sstream>
+#include <thread>
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+std::string describe(const gw::Event &event) {
+  std::ostringstream text;
+  if (const auto *p_key = gw::eventAs<gw::EventKeyboard>(&event, gw::KEYBOARD_EVENT))
+    text << (p_key->getKeyboardAction() == gw::KEY_PRESSED ? "key down " : "key up ")
+         << p_key->getKey();
+  if (const auto *p_mouse = gw::eventAs<gw::EventMouse>(&event, gw::MOUSE_EVENT)) {
+    const char *const actions[] = {"press ", "release ", "move "};
+    text << actions[p_mouse->getMouseAction()] << p_mouse->getMouseButton() << " at "
+         << p_mouse->getMousePosition().getX() << ", "
+         << p_mouse->getMousePosition().getY();
+  }
+  return text.str();
+}
+
+/// Real keys and pointer: the input manager is started, and the pointer is over the
+/// window.
+class InputManagerTest : public WindowTest {
+protected:
+  gw::InputManager &input = gw::InputManager::getInstance();
+  Texts heard; ///< by an object in the world
+
+  void SetUp() override {
+    WindowTest::SetUp();
+    ASSERT_EQ(input.startUp(), 0);
+    p_recorder = new Recorder;
+    p_recorder->onEvent = [this](const gw::Event &event) {
+      heard.push_back(describe(event));
+      return 0;
+    };
+    act("xdotool mousemove 0 0 mousemove --window $W 500 400");
+    receive(1);
+    heard.clear();
+  }
+
+  void TearDown() override {
+    input.shutDown();
+    WindowTest::TearDown();
+  }
+
+  /// Runs a command of the shell, in which $W is the window. Whatever it sends has
+  /// reached the window when it returns.
+  void act(const std::string &command) {
+    const auto number = gw::DisplayManager::getInstance().getWindow()->getNativeHandle();
+    ASSERT_EQ(std::system(("W=" + std::to_string(number) + "; " + command).c_str()), 0)
+        << command;
+  }
+
+  /// Takes input until `count` events were heard, or for some seconds.
+  /// @return how many times it was taken
+  int receive(std::size_t count) {
+    constexpr int PATIENCE = 500;
+    int times = 0;
+    do {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+      input.getInput();
+      times++;
+    } while (heard.size() < count && times < PATIENCE);
+    return times;
+  }
+
+private:
+  Recorder *p_recorder = nullptr;
+};
+
+} // namespace
+
+TEST_F(InputManagerTest, KeysAndPointerBecomeEventsInTheirOrder) {
+  const struct {
+    const char *command;
+    Texts expected;
+  } cases[] = {
+      {"key p", {"key down 42", "key up 42"}},
+      {"key KP_Add key BackSpace",
+       {"key down 25", "key up 25", "key down -1", "key up -1"}},
+      {"keydown p keydown q keyup p keyup q",
+       {"key down 42", "key down 43", "key up 42", "key up 43"}},
+      {"mousemove --window $W 100 40", {"move -1 at 12.5, 2.5"}},
+      {"mousemove --window $W 0 0", {"move -1 at 0, 0"}},
+      {"mousemove --window $W 1023 767", {"move -1 at 127.875, 47.9375"}},
+      {"click 1", {"press 0 at 127.875, 47.9375", "release 0 at 127.875, 47.9375"}},
+      {"mousemove --window $W 4 8 click 2 click 3",
+       {"move -1 at 0.5, 0.5", "press 2 at 0.5, 0.5", "release 2 at 0.5, 0.5",
+        "press 1 at 0.5, 0.5", "release 1 at 0.5, 0.5"}},
+      {"click 8", {"press -1 at 0.5, 0.5", "release -1 at 0.5, 0.5"}},
+      {"click 4 click 5 key q", {"key down 43", "key up 43"}},
+      {"mousedown 1 keydown p mousemove --window $W 8 16 keyup p mouseup 1",
+       {"press 0 at 0.5, 0.5", "key down 42", "move -1 at 1, 1", "key up 42",
+        "release 0 at 1, 1"}},
+  };
+  for (const auto &c : cases) {
+    heard.clear();
+    act(std::string("xdotool ") + c.command);
+    receive(c.expected.size());
+    EXPECT_EQ(heard, c.expected) << c.command;
+  }
+}
+
+// How long the window system takes to repeat a key is measured, not assumed.
+TEST_F(InputManagerTest, AHeldKeyIsOnePressWhileTheManagerIsStarted) {
+  const auto hold = [&](std::size_t presses) {
+    heard.clear();
+    act("xdotool keydown p");
+    return receive(presses);
+  };
+  const auto release = [&] {
+    act("xdotool keyup p");
+    receive(heard.size() + 1);
+  };
+  input.shutDown();
+  const int times = hold(4);
+  release();
+  ASSERT_GE(heard.size(), 5u) << "without the manager the key repeats";
+  ASSERT_EQ(heard[3], "key down 42");
+
+  ASSERT_EQ(input.startUp(), 0);
+  heard.clear();
+  act("xdotool keydown p");
+  for (int i = 0; i < 2 * times; i++)
+    receive(0);
+  release();
+  EXPECT_EQ(heard, (Texts{"key down 42", "key up 42"}));
+
+  input.shutDown();
+  hold(4);
+  release();
+  EXPECT_GE(heard.size(), 5u) << "repeats again";
+}
+
+TEST_F(InputManagerTest, ClosingTheWindowEndsTheGameAfterTheEventsThatWaitBehindIt) {
+  gw::GameManager &game = gw::GameManager::getInstance();
+  game.setGameOver(false);
+  act("xdotool key p");
+  act(GLIDEWING_CLOSE_WINDOW " $W");
+  act("xdotool key q");
+  input.getInput();
+  EXPECT_TRUE(game.getGameOver());
+  EXPECT_EQ(heard, (Texts{"key down 42", "key up 42", "key down 43", "key up 43"}));
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "DisplayManager.h"
+#include "EngineTest.h"
+
+/// The engine with a real window, for one test: as `EngineTest`, with the game's
+/// font in the directory and the display started.
+class WindowTest : public EngineTest {
+protected:
+  void SetUp() override;
+  void TearDown() override;
+};
+
+/// Puts the game's font into the test's directory.
+void linkFont();
+
+/// What has been drawn into the window, shown or not.
+sf::Image picture();
+
+/// Whether two pictures are equal in every pixel. Says how many differ, and where
+/// the first one is.
+testing::AssertionResult samePixels(const sf::Image &actual, const sf::Image &expected);
