@@ -71,6 +71,8 @@ public:
   /// before start-up and after shut-down.
   sf::RenderWindow *getWindow() const;
 
+  bool hasWindow() const { return p_window != nullptr; }
+
   /// The window's next pending event; nothing when there is none, or no window.
   std::optional<sf::Event> pollEvent();
 

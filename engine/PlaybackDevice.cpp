@@ -4,9 +4,16 @@
 
 #include <SFML/Audio.hpp>
 
+#include <optional>
+#include <string>
+
 namespace gw {
 
 namespace {
+
+/// What the audio library calls its null device. It takes that by itself where no
+/// device is listed at all.
+constexpr const char *NULL_DEVICE = "NULL Playback Device";
 
 bool looked = false;
 
@@ -16,9 +23,10 @@ void requirePlaybackDevice() {
   if (looked)
     return;
   looked = true;
-  if (sf::PlaybackDevice::getDevice())
+  const std::optional<std::string> device = sf::PlaybackDevice::getDevice();
+  if (device && device != NULL_DEVICE)
     return;
-  const bool silenced = sf::PlaybackDevice::setDeviceToNull();
+  const bool silenced = device || sf::PlaybackDevice::setDeviceToNull();
   LogManager::getInstance().writeLog(
       WARNING, "gw::requirePlaybackDevice() - No playback device can be opened. %s",
       silenced ? "Going on without sound." : "The null device cannot be opened either.");
