@@ -4,8 +4,10 @@
 #include "EventStep.h"
 
 #include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <ctime>
 
 namespace {
@@ -114,4 +116,28 @@ TEST_F(EngineTest, TheStepThatEndsTheGameIsCompletedAndIsTheLast) {
       << "the first step's lateness is carried";
   game.run();
   EXPECT_EQ(game.getStepCount(), first + 3) << "over before it began";
+}
+
+TEST_F(EngineTest, AProcessThatWasStoppedForTwoSecondsCarriesThemAndSkipsNothing) {
+  auto *p_stopped = new Recorder;
+  p_stopped->onEvent = [](const gw::Event &event) {
+    const auto *p_step = gw::eventAs<gw::EventStep>(&event, gw::STEP_EVENT);
+    if (!p_step || p_step->getStepCount() != 0)
+      return 0;
+    const pid_t awakener = fork();
+    if (awakener == 0) {
+      sleep(2);
+      kill(getppid(), SIGCONT);
+      _exit(0);
+    }
+    raise(SIGSTOP);
+    return waitpid(awakener, nullptr, 0);
+  };
+  constexpr long long STEP = 33000; // microseconds
+  gw::GameManager &game = gw::GameManager::getInstance();
+  const long long late = game.runStep(0);
+  EXPECT_GE(late, 2000000 - STEP);
+  EXPECT_GE(game.runStep(late), late - STEP) << "a step pays back its own time at most";
+  EXPECT_EQ(game.getStepCount(), 2);
+  EXPECT_EQ(p_stopped->heard.size(), 2u);
 }

@@ -186,10 +186,16 @@ class Program(unittest.TestCase):
         self.assertEqual(first_game[first_game.index(OVERFLOW) :].count(STEP), frames * slowdown)
 
     def test_closing_the_window_ends_the_program(self):
-        self.open("tazlet", "gw-font.ttf")
-        subprocess.run([CLOSE_WINDOW, self.window], check=True)
-        self.end()
-        self.assertEqual(self.log()[-len(STOPPED) :], STOPPED)
+        for steps in [None, 0, 1, 9, 40]:  # of a game
+            with self.subTest(steps=steps):
+                self.setUp()
+                self.open("tazlet", "gw-font.ttf")
+                if steps is not None:
+                    self.act("key", "p")
+                    self.until(lambda: self.log().count(STEP) >= steps, "steps")
+                subprocess.run([CLOSE_WINDOW, self.window], check=True)
+                self.end()
+                self.assertEqual(self.log()[-len(STOPPED) :], STOPPED)
 
     def test_without_a_display_it_says_so_in_one_line(self):
         for display in [None, ":987"]:

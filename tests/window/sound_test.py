@@ -1,0 +1,130 @@
+"""Listens to the game on a sound server of its own, with a sound card that nobody hears.
+
+Usage: sound_test.py <tazlet-demo> <staged run directory> <preload library>
+       [unittest's arguments]
+"""
+
+import array
+import math
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+import wave
+
+DEMO, STAGED, PRELOAD = (pathlib.Path(argument) for argument in sys.argv[1:4])
+RATE = 44100
+WINDOW = RATE // 20  # samples in which a tone is looked for
+
+# Every sound is replaced by a tone of its own, in Hz; the music goes on quietly.
+TONES = {"sounds/game_start.wav": 500, "sounds/bug_spawn.wav": 2600, "sounds/click_pin.wav": 900,
+         "sounds/pin_bug.wav": 1400, "sounds/clear_sequence.wav": 2000,
+         "sounds/game_over.wav": 3300, "musics/BlippyTrance.mp3": 300}
+
+# With this seed the first insect, at the first spawner, is the one that is wanted.
+RECORDING = """tazlet-recording 1
+seed 3963
+60 key-press 15
+62 mouse-press 0 400 320
+150 mouse-press 0 100 600
+end 210
+"""
+
+
+def tone(hertz, seconds, loudness):
+    """Whole periods, so that it loops without a seam."""
+    return array.array("h", (
+        round(32767 * loudness * math.sin(2 * math.pi * hertz * i / RATE))
+        for i in range(round(seconds * RATE))))
+
+
+def strength(samples, hertz):
+    """How much of a tone is in the samples, 1 for a tone at full scale (Goertzel)."""
+    factor = 2 * math.cos(2 * math.pi * hertz / RATE)
+    last = before = 0.0
+    for sample in samples:
+        last, before = sample + factor * last - before, last
+    power = last * last + before * before - factor * last * before
+    return 2 * math.sqrt(max(power, 0)) / len(samples) / 32768
+
+
+class Sound(unittest.TestCase):
+    def start(self, *command, **options):
+        process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                   **options)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        return process
+
+    def setUp(self):
+        directory = tempfile.TemporaryDirectory(prefix="glidewing-test-")
+        self.addCleanup(directory.cleanup)
+        self.run_dir = pathlib.Path(directory.name) / "run"
+        shutil.copytree(STAGED, self.run_dir)
+        for file, hertz in TONES.items():
+            is_music = "musics" in file
+            with wave.open(str(self.run_dir / "tazlet" / file), "wb") as out:
+                out.setparams((1, 2, RATE, 0, "NONE", ""))
+                out.writeframes(tone(hertz, 1 if is_music else 0.3, 0.05 if is_music else 0.1))
+        (self.run_dir / "game.txt").write_text(RECORDING)
+        socket = pathlib.Path(directory.name) / "pulse"
+        self.start("pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1",
+                   "--use-pid-file=no", "--disable-shm=yes",
+                   f"--load=module-native-protocol-unix socket={socket} auth-anonymous=1",
+                   "--load=module-null-sink sink_name=null")
+        while not socket.exists():
+            time.sleep(0.05)
+        # Without a short latency the null sink stalls.
+        self.environment = {**os.environ, "PULSE_SERVER": f"unix:{socket}",
+                            "PULSE_LATENCY_MSEC": "30"}
+
+    def record_game(self):
+        """Everything that the sound card got while the game was played, as samples."""
+        with open(self.run_dir / "heard.raw", "wb") as heard:
+            recorder = self.start("parec", "-d", "null.monitor", "--latency-msec=30", "--raw",
+                                  "--format=s16le", "--channels=1", f"--rate={RATE}",
+                                  stdout=heard, env=self.environment)
+            while os.fstat(heard.fileno()).st_size == 0:
+                time.sleep(0.05)  # until it listens
+            played = subprocess.run([DEMO, "--window", "--replay", "game.txt"], text=True,
+                                    cwd=self.run_dir, capture_output=True,
+                                    env={**self.environment, "LD_PRELOAD": str(PRELOAD)},
+                                    stdin=subprocess.DEVNULL, timeout=50)
+            recorder.terminate()
+            recorder.wait()
+        self.assertEqual(played.returncode, 0, played.stderr)
+        self.assertIn("rows sold 1", played.stdout)
+        samples = array.array("h")
+        samples.frombytes((self.run_dir / "heard.raw").read_bytes()[: 2 * WINDOW * 400])
+        return samples
+
+    def test_music_and_effects_are_heard_at_their_moments(self):
+        samples = self.record_game()
+        windows = [samples[i : i + WINDOW] for i in range(0, len(samples) - WINDOW, WINDOW)]
+
+        def moments(file):
+            """Where the tone begins, in seconds."""
+            heard = [strength(window, TONES[file]) > 0.02 for window in windows]
+            return [i * WINDOW / RATE for i in range(1, len(heard)) if heard[i] and not heard[i - 1]]
+
+        (music,) = moments("musics/BlippyTrance.mp3")
+        (start,) = moments("sounds/game_start.wav")
+        click, second_click = moments("sounds/click_pin.wav")
+        (pin,) = moments("sounds/pin_bug.wav")
+        (clear,) = moments("sounds/clear_sequence.wav")
+        self.assertEqual(moments("sounds/game_over.wav"), [])
+        self.assertTrue(moments("sounds/bug_spawn.wav"))
+        # A step takes 33 ms at least: 60 steps to the start, 88 between the clicks.
+        self.assertGreater(start - music, 1.8)
+        self.assertGreater(second_click - click, 2.8)
+        # The click, the pin and the sale belong to one press, two steps after the start.
+        self.assertLess(max(click, pin, clear) - min(click, pin, clear), 0.15)
+        self.assertGreaterEqual(min(click, pin, clear), start)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[3:])
