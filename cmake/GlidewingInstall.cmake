@@ -53,7 +53,7 @@ target_link_options(tazlet-installed PRIVATE "LINKER:--disable-new-dtags")
 set_target_properties(tazlet-installed PROPERTIES
     TAZLET_INSTALLED ON
     OUTPUT_NAME tazlet
-    RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/installed
+    RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/installed
     BUILD_WITH_INSTALL_RPATH ON
     INSTALL_RPATH "$ORIGIN/lib")
 if(NOT tazlet_runtime)
@@ -64,11 +64,11 @@ install(TARGETS tazlet-installed DESTINATION ${tazlet_private_dir} COMPONENT gam
 
 # --- what goes beside it -------------------------------------------------------
 
-set(tazlet_build_program ${CMAKE_BINARY_DIR}/tazlet)
-configure_file(packaging/bundle.cmake.in ${CMAKE_BINARY_DIR}/packaging/bundle.cmake @ONLY)
+set(tazlet_build_program ${PROJECT_BINARY_DIR}/tazlet)
+configure_file(packaging/bundle.cmake.in ${PROJECT_BINARY_DIR}/packaging/bundle.cmake @ONLY)
 function(tazlet_install_bundle bundle)
     install(CODE "set(tazlet_bundle ${bundle})\n\
-include(\"${CMAKE_BINARY_DIR}/packaging/bundle.cmake\")" ${ARGN})
+include(\"${PROJECT_BINARY_DIR}/packaging/bundle.cmake\")" ${ARGN})
 endfunction()
 tazlet_install_bundle(font COMPONENT game)
 if(tazlet_runtime)
@@ -87,7 +87,7 @@ file(RELATIVE_PATH tazlet_program_from_games
     /${GLIDEWING_GAMESDIR} /${tazlet_private_dir}/tazlet)
 file(RELATIVE_PATH tazlet_data_from_games /${GLIDEWING_GAMESDIR} /${tazlet_data_dir})
 
-set(out ${CMAKE_BINARY_DIR}/packaging)
+set(out ${PROJECT_BINARY_DIR}/packaging)
 foreach(file tazlet tazlet.6 ${tazlet_id}.metainfo.xml)
     configure_file(packaging/${file}.in ${out}/${file} @ONLY)
 endforeach()
@@ -113,7 +113,7 @@ if(GLIDEWING_RSVG)
         set(icon ${out}/icon-${size}.png)
         add_custom_command(OUTPUT ${icon}
             COMMAND ${GLIDEWING_RSVG} --width ${size} --height ${size} --output ${icon}
-                    ${CMAKE_SOURCE_DIR}/packaging/${tazlet_id}.svg
+                    ${PROJECT_SOURCE_DIR}/packaging/${tazlet_id}.svg
             DEPENDS packaging/${tazlet_id}.svg VERBATIM)
         list(APPEND made ${icon})
         install(FILES ${icon} DESTINATION ${icons}/${size}x${size}/apps

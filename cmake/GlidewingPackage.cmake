@@ -25,7 +25,7 @@ if(tazlet_runtime)
     set(CPACK_TAZLET_RUNTIME runtime)
 endif()
 # Which components each generator takes.
-set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_SOURCE_DIR}/packaging/cpack.cmake)
+set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_SOURCE_DIR}/packaging/cpack.cmake)
 
 # --- the archive ---------------------------------------------------------------
 
@@ -53,7 +53,7 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "The Glidewing maintainers <maintainers@glidewing.example>")
 # What is opened at run time. What is linked is added by packaging/staged.cmake.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libgl1, libgl1-mesa-dri, libpulse0 | libasound2")
-set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_SOURCE_DIR}/packaging/staged.cmake)
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/staged.cmake)
 foreach(file changelog copyright)
     configure_file(packaging/debian/${file}.in ${out}/debian/${file} @ONLY)
 endforeach()

@@ -48,6 +48,8 @@ add_library(glidewing::sfml ALIAS glidewing_sfml)
 
 block()
     set(components Graphics Window Audio System)
+    # Whoever has this project as a subfolder links these targets as well.
+    set(CMAKE_FIND_PACKAGE_TARGETS_GLOBAL ON)
     if(GLIDEWING_FETCH_SFML)
         include(FetchContent)
         set(SFML_BUILD_NETWORK OFF)

@@ -145,13 +145,12 @@ void AutoPlayer::playGreedily() {
 void AutoPlayer::playHostilely() {
   const std::vector<Insect *> insects = allInsects();
   for (int i = drawNumber(8); i >= 0; i--) {
-    const bool at_insect = !insects.empty() && drawNumber(2) == 0;
-    const gw::Vector where =
-        at_insect
-            ? insects[static_cast<std::size_t>(
-                          drawNumber(static_cast<int>(insects.size())))]
-                  ->getPosition()
-            : drawPosition() + gw::Vector(static_cast<float>(drawNumber(41) - 20), 0);
+    gw::Vector where = drawPosition();
+    where.setX(where.getX() + static_cast<float>(drawNumber(41) - 20));
+    if (!insects.empty() && drawNumber(2) == 0)
+      where =
+          insects[static_cast<std::size_t>(drawNumber(static_cast<int>(insects.size())))]
+              ->getPosition();
     const auto button = static_cast<sf::Mouse::Button>(
         drawNumber(static_cast<int>(sf::Mouse::ButtonCount)));
     const auto key = static_cast<sf::Keyboard::Key>(
@@ -202,8 +201,11 @@ int AutoPlayer::drawNumber(int bound) {
   return static_cast<int>(chance() % static_cast<unsigned>(bound));
 }
 
+/// One number after the other: compilers differ in the order in which they look at
+/// the arguments of a call.
 gw::Vector AutoPlayer::drawPosition() {
   const gw::DisplayManager &display = gw::DisplayManager::getInstance();
-  return gw::Vector(static_cast<float>(drawNumber(display.getHorizontal() + 1)),
-                    static_cast<float>(drawNumber(display.getVertical() + 1)));
+  const int x = drawNumber(display.getHorizontal() + 1);
+  const int y = drawNumber(display.getVertical() + 1);
+  return gw::Vector(static_cast<float>(x), static_cast<float>(y));
 }

@@ -47,10 +47,11 @@ sfml_runtime_dir() {
     printf '%s\n' "$dir"
 }
 
-# Configures and builds a preset, quietly unless it fails or has much to do.
+# Configures and builds a preset, quietly unless it fails. What follows the preset
+# are options of cmake --build.
 build() {
     cmake --preset "$1" --log-level=NOTICE >/dev/null
-    cmake --build --preset "$1" -- --quiet
+    cmake --build --preset "$@" -- --quiet
 }
 
 # Has the script run a command when it ends, in whatever way: the newest first. A

@@ -13,7 +13,7 @@ import sys
 import tempfile
 import unittest
 
-DEMO, STAGED = (pathlib.Path(argument) for argument in sys.argv[1:3])
+DEMO, STAGED = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
 HERE = pathlib.Path(__file__).parent
 RESOURCES = sorted(path.relative_to(STAGED) for path in STAGED.glob("tazlet/*/*"))
 
@@ -90,6 +90,9 @@ class Replay(DemoTest):
 
     def test_hostile(self):
         self.check("hostile", 3)
+
+    def test_random(self):
+        self.check("random", 4)
 
     def test_a_recording_without_its_end_is_played_to_its_last_event(self):
         (self.run_dir / "game.txt").write_text(

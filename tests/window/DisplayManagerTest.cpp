@@ -69,6 +69,8 @@ TEST_P(BadFontDeathTest, LeavesAWindowWithBackgroundsOnly) {
   std::filesystem::remove_all(gw::FONT_FILE_DEFAULT);
   if (font == "Directory")
     std::filesystem::create_directory(gw::FONT_FILE_DEFAULT);
+  if (font == "Empty")
+    writeFile(gw::FONT_FILE_DEFAULT, "");
   if (font == "Rubbish")
     writeFile(gw::FONT_FILE_DEFAULT, std::string(5000, '\x01') + "no font");
   const auto run = [] {
@@ -101,5 +103,5 @@ TEST_P(BadFontDeathTest, LeavesAWindowWithBackgroundsOnly) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Font, BadFontDeathTest,
-                         testing::Values("Missing", "Directory", "Rubbish"),
+                         testing::Values("Missing", "Directory", "Empty", "Rubbish"),
                          [](const auto &test) { return test.param; });
