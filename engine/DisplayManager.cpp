@@ -2,6 +2,7 @@
 
 #include "DisplayConnection.h"
 #include "LogManager.h"
+#include "utility.h"
 
 #include <cstdio>
 
@@ -35,7 +36,8 @@ int DisplayManager::startUp() {
   p_window->setMouseCursorVisible(false);
   p_window->setVerticalSyncEnabled(true);
   clear();
-  has_font = font.openFromFile(FONT_FILE_DEFAULT);
+  // The library throws at a missing file in a working directory that is gone.
+  has_font = isRegularFile(FONT_FILE_DEFAULT) && font.openFromFile(FONT_FILE_DEFAULT);
   if (!has_font) {
     log.writeLog(ERROR, "Unable to load font file '%s'.", FONT_FILE_DEFAULT.c_str());
     return -1;
