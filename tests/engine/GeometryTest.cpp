@@ -21,7 +21,6 @@ TEST(Geometry, BoxesAndPositionsIntersectUpToTheEdgeIncluded) {
       {"a point on the border", unit, Box({1, 0.5f}, 0, 0), true},
       {"a point outside", unit, Box({1, 1.01f}, 0, 0), false},
       {"negative, corner inside", leftward, Box({-1, 0}, 1, 1), true},
-      {"negative, corner outside", leftward, Box({-1.5f, 0}, 1, 1), false},
       {"negative and itself", leftward, leftward, false},
   };
   for (const auto &c : cases) {
@@ -31,6 +30,4 @@ TEST(Geometry, BoxesAndPositionsIntersectUpToTheEdgeIncluded) {
   EXPECT_TRUE(gw::positionsIntersect({0, 0}, {1, -1}));
   EXPECT_FALSE(gw::positionsIntersect({0, 0}, {1.01f, 0}));
   EXPECT_FALSE(gw::positionsIntersect({0, 0}, {0, -1.01f}));
-  EXPECT_TRUE(gw::areFloatsEqual(1, 2, 1.5f));
-  EXPECT_FALSE(gw::areFloatsEqual(1, 2, 1)) << "a difference of epsilon is one";
 }

@@ -33,10 +33,7 @@ const struct {
             {SF::LControl, 1, GW::LEFT_CONTROL},
             {SF::RControl, 1, GW::RIGHT_CONTROL},
             {SF::Space, 1, GW::SPACE},
-            {SF::Left, 1, GW::LEFT_ARROW},
-            {SF::Right, 1, GW::RIGHT_ARROW},
-            {SF::Up, 1, GW::UP_ARROW},
-            {SF::Down, 1, GW::DOWN_ARROW},
+            {SF::Left, 4, GW::LEFT_ARROW},
             {SF::Pause, 1, GW::PAUSE}};
 
 } // namespace
@@ -69,9 +66,7 @@ TEST(InputManager, ThreeButtonsAreMappedAndNoOther) {
                                           {Button::Right, gw::Mouse::RIGHT},
                                           {Button::Middle, gw::Mouse::MIDDLE},
                                           {Button::Extra1, -1},
-                                          {Button::Extra2, -1},
-                                          {Button(-1), -1},
-                                          {Button(INT_MIN), -1}};
+                                          {Button(-1), -1}};
   for (const auto &[button, expected] : cases) {
     EXPECT_EQ(input.mapSFMLButtonToGlidewingButton(button), expected);
     EXPECT_EQ(input.isSFMLButtonValid(button), expected != -1);

@@ -1,5 +1,7 @@
 #include "RulesTest.h"
 
+#include <filesystem>
+
 class GameOverTest : public RulesTest {
 protected:
   /// A game without spawners, with 7 insects on the board, and a blue glidewing
@@ -8,8 +10,7 @@ protected:
     seedRows({"Gb"}, false);
     startGame();
     removeSpawners();
-    for (int i = 0; i < 7; i++)
-      pin("Br");
+    pin("Br Br Br Br Br Br Br");
   }
 
   /// Steps that the picture takes to play through once.
@@ -32,12 +33,12 @@ TEST_F(GameOverTest, PlayStopsAtOnceAndTheRestGoesWhenThePictureHasPlayed) {
   add("bee", {60, 40});
   for (int i = 7; i > 0; i--) // not the order of the world's list
     press({10 + 12 * static_cast<float>(i), 20});
-  Lines log = rulesLog([&] { press(gw::Vector(10, 20)); });
-  EXPECT_EQ(log, says({"place Br 8", "overflow", "delay Br", "delay Gr", "delay Bg",
-                       "delay Gg", "delay Bm", "delay Gm", "delay Bc", "delay Gc",
-                       "check Br 0", "type Br Gb 0", "fail", "type Br Gb 0"}));
+  EXPECT_EQ(rulesLog([&] { press(gw::Vector(10, 20)); }),
+            says({"place Br 8", "overflow", "delay Br", "delay Gr", "delay Bg",
+                  "delay Gg", "delay Bm", "delay Gm", "delay Bc", "delay Gc",
+                  "check Br 0", "type Br Gb 0", "fail", "type Br Gb 0"}));
   world().update(); // what the same step does after its input
-  log = logOf([&] {
+  const Lines log = logOf([&] {
     for (int i = 1; i < pictureSteps(); i++) {
       step();
       pressKey(gw::Keyboard::P);
@@ -53,9 +54,9 @@ TEST_F(GameOverTest, PlayStopsAtOnceAndTheRestGoesWhenThePictureHasPlayed) {
   EXPECT_TRUE(menu()->getMenuActive());
 }
 
-TEST_F(GameOverTest, WithoutItsPictureTheNextStepEndsTheGameAndASaleTagOutlivesIt) {
+TEST_F(GameOverTest, WithoutResourcesTheNextStepEndsTheGameAndASaleTagOutlivesIt) {
+  std::filesystem::remove_all("tazlet");
   playToTheLastSlot();
-  gw::ResourceManager::getInstance().unloadSprite("GameOver");
   pin("Gb");
   EXPECT_FALSE(menu()->getMenuActive());
   step();
@@ -63,6 +64,9 @@ TEST_F(GameOverTest, WithoutItsPictureTheNextStepEndsTheGameAndASaleTagOutlivesI
   EXPECT_EQ(sortedTypes(), (Lines{"Border", "GameStart", "SoldTag"}));
   pressKey(gw::Keyboard::P);
   EXPECT_EQ(score(), 0);
+  EXPECT_EQ(row().getCount(), 1);
+  EXPECT_EQ(pinned(), "");
+  EXPECT_EQ(findFirst<Spawner>("Spawner")->getSpawnFrequency(), 400);
   step(98);
   EXPECT_EQ(count("SoldTag"), 1) << "in its 99th step";
   step();
@@ -92,8 +96,7 @@ TEST_F(GameOverTest, ThePinThatFillsTheBoardStillSellsTheRowButTheBoardKeepsItsI
 TEST_F(GameOverTest, ThePressThatFillsTheBoardPinsNothingElse) {
   playToTheLastSlot();
   add("Gg");
-  const Insect *p_late = pin("Bg");
-  EXPECT_FALSE(p_late->getPinned());
+  EXPECT_FALSE(pin("Bg")->getPinned());
   EXPECT_EQ(pinned(), "Br Br Br Br Br Br Br Gg");
   step();
   EXPECT_EQ(insects(), 8);

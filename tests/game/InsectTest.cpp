@@ -100,13 +100,3 @@ TEST_F(InsectTest, AnInsectThatLeavesTheWorldGoesAndCannotBePinned) {
     EXPECT_EQ(insects(), 0) << code;
   }
 }
-
-TEST_F(InsectTest, ColorsHaveNamesAndABeeHasNone) {
-  Insect *p_insect = add("bee");
-  std::string names = p_insect->getColorAsString();
-  for (const int color : {-1, 0, 1, 2, 3, 4, 5, 6, 7}) {
-    p_insect->setColor(static_cast<gw::Color>(color));
-    names += " " + p_insect->getColorAsString();
-  }
-  EXPECT_EQ(names, "unknown unknown unknown red green yellow blue magenta cyan unknown");
-}

@@ -38,9 +38,9 @@ TEST_F(PinBoardTest, ASaleTakesTheNewestOffAndPutsTheOthersInTheirSlots) {
   for (const Case &c : cases) {
     SCOPED_TRACE(c.before);
     new PinBoard;
-    std::istringstream codes(c.before);
-    for (std::string code; codes >> code;)
-      pin(code)->setPosition({1, 1});
+    pin(c.before);
+    for (int i = 0; i < board()->getPinnedBugs().getCount(); i++)
+      board()->getPinnedBugs()[i]->setPosition({1, 1});
     gw::ObjectList targets;
     for (int i = 0; i < c.sold; i++)
       targets.insert(board());

@@ -4,7 +4,6 @@
 
 #include "Bee.h"
 #include "Butterfly.h"
-#include "Cursor.h"
 #include "EventClear.h"
 #include "EventPin.h"
 #include "EventSlow.h"
@@ -52,25 +51,24 @@ class RulesTest : public GameTest {
 protected:
   using Lines = std::vector<std::string>;
 
-  static Insect *add(const std::string &code, gw::Vector where = {70, 25}) {
-    static const std::string colors = "?rg?bmc"; // by their values
-    Insect *p_insect = nullptr;
+  Insect *add(const std::string &code, gw::Vector where = {70, 25}) {
+    const std::string colors = "?rg?bmc"; // by their values
     if (code == "bee")
-      p_insect = new Bee;
-    else if (code[0] == 'B')
-      p_insect = new Butterfly;
-    else
-      p_insect = new Glidewing;
-    if (code != "bee")
-      p_insect->setColor(static_cast<gw::Color>(colors.find(code[1])));
-    p_insect->setPosition(where);
-    return p_insect;
+      return addInsect<Bee>(gw::BLACK, where);
+    const auto color = static_cast<gw::Color>(colors.find(code[1]));
+    if (code[0] == 'B')
+      return addInsect<Butterfly>(color, where);
+    return addInsect<Glidewing>(color, where);
   }
 
-  /// A new insect, and a press on it.
-  Insect *pin(const std::string &code) {
-    Insect *p_insect = add(code);
-    press(p_insect->getPosition());
+  /// Presses new insects, one after the other; returns the last.
+  Insect *pin(const std::string &codes) {
+    std::istringstream rest(codes);
+    Insect *p_insect = nullptr;
+    for (std::string code; rest >> code;) {
+      p_insect = add(code);
+      press(p_insect->getPosition());
+    }
     return p_insect;
   }
 
@@ -79,6 +77,16 @@ protected:
     return p_insect->getType() == "Bee"
                ? "bee"
                : p_insect->getType().substr(0, 1) + p_insect->getColorAsString()[0];
+  }
+
+  /// The picture of its kind in its colour.
+  static void expectPicture(const Insect *p_insect) {
+    const gw::Sprite *p_sprite = p_insect->getAnimation().getSprite();
+    const std::string code = codeOf(p_insect),
+                      kind = code[0] == 'B' ? "butterfly" : "glidewing";
+    EXPECT_EQ(p_sprite->getLabel(),
+              code == "bee" ? "Bee" : kind + "color" + p_insect->getColorAsString());
+    EXPECT_TRUE(code == "bee" || p_sprite->getColor() == p_insect->getColor());
   }
 
   static std::string codesOf(const gw::ObjectList &insects) {
@@ -113,14 +121,6 @@ protected:
   }
 
   static void send(const gw::Event &event) { world().onEvent(&event); }
-
-  /// A whole step of the game loop, with that for the player's input.
-  static void stepWith(const std::function<void()> &input) {
-    send(gw::EventStep());
-    input();
-    world().update();
-    world().draw();
-  }
 
   static void clearWorld() {
     const gw::ObjectList all = world().getAllObjects();
@@ -166,9 +166,9 @@ protected:
       if (const auto *p_insect = dynamic_cast<const Insect *>(all[i])) {
         std::ostringstream address;
         address << static_cast<const void *>(all[i]);
-        const std::string id = "id " + std::to_string(p_insect->getId()) + ", ";
         const std::string type = p_insect->getType(),
-                          color = p_insect->getColorAsString();
+                          color = p_insect->getColorAsString(),
+                          id = "id " + std::to_string(p_insect->getId()) + ", ";
         const std::pair<std::string, std::string> descriptions[] = {
             {"object " + id + "type " + type + ", color " + color, codeOf(p_insect)},
             {"object " + id + "type " + type + ", and color " + color,
@@ -184,31 +184,27 @@ protected:
 
   /// The same, from a word for each line and the insects and numbers in it.
   static Lines says(const Lines &words) {
-    const std::string compared = "DEBUG: Sequence::insectMatchesSequence(): Insect with ";
+    const std::string board = "DEBUG: PinBoard::eventHandler(): ",
+                      sequence = "DEBUG: Sequence::eventHandler(): ",
+                      match = "DEBUG: Sequence::insectMatchesSequence(): Insect with % ",
+                      with = " of Insect with % at sequence index %.";
     static const std::map<std::string, std::string> texts = {
-        {"place", "DEBUG: PinBoard::eventHandler(): Insect with % was pinned. Placing it "
-                  "at Pin Board slot %."},
-        {"overflow", "DEBUG: PinBoard::eventHandler(): The Pin Board overflowed! "
-                     "Transitioning to Game Over."},
+        {"place", board + "Insect with % was pinned. Placing it at Pin Board slot %."},
+        {"overflow", board + "The Pin Board overflowed! Transitioning to Game Over."},
         {"delay", "DEBUG: GameOver::deleteGameObjects(): Object with % is on the Pin "
                   "Board. Delaying deletion."},
-        {"remove", "DEBUG: PinBoard::eventHandler(): Removing pinned bug with % at board "
-                   "index %."},
-        {"check",
-         "DEBUG: Sequence::eventHandler(): Insect with % was pinned. Checking if "
-         "it matches the next required Insect at index %."},
-        {"match", compared + "% matched Insect with % at sequence index %."},
-        {"type", compared + "% did not match type of Insect with % at sequence index %."},
-        {"color", compared + "% did not match color of Insect with % at sequence index "
-                             "%."},
+        {"remove", board + "Removing pinned bug with % at board index %."},
+        {"check", sequence + "Insect with % was pinned. Checking if it matches the next "
+                             "required Insect at index %."},
+        {"match", match + "matched Insect with % at sequence index %."},
+        {"type", match + "did not match type" + with},
+        {"color", match + "did not match color" + with},
         {"fail",
-         "DEBUG: Sequence::eventHandler(): Sequence failed! Setting next required "
-         "Sequence index to 0."},
-        {"sell", "DEBUG: Sequence::eventHandler(): Sequence cleared! Sending clear "
-                 "event."},
+         sequence + "Sequence failed! Setting next required Sequence index to 0."},
+        {"sell", sequence + "Sequence cleared! Sending clear event."},
         {"period", "INFO: Spawner::eventHandler(): Sequence cleared. Increasing Spawner "
                    "spawn frequency. Spawn frequency is now %"},
-        {"renew", "DEBUG: Sequence::eventHandler(): Generating new Sequence."},
+        {"renew", sequence + "Generating new Sequence."},
         {"show", "DEBUG: Sequence::generateSequence(): Insect with and % placed at "
                  "sequence index %."}};
     Lines found;

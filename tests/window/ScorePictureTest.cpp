@@ -1,38 +1,33 @@
 #include "Score.h"
 #include "WindowTest.h"
 
-#include <filesystem>
-
 namespace {
 
-class ScorePictureTest : public WindowTest {};
+using ScorePictureTest = WindowTest;
 
-struct Rank {
-  int from; ///< the fewest points that earn it
+const struct {
+  int to; ///< the most points that are called so; one more is the next title
   const char *title;
   gw::Color color;
-};
-
-// What a player has at the most below a rank is one point less.
-constexpr Rank RANKS[] = {
-    {0, "Bug Idiot", gw::WHITE},
-    {5, "Bug Beginner", gw::CYAN},
-    {26, "Bug Novice", gw::BLUE},
-    {76, "Bug Enthusiast", gw::CYAN},
-    {101, "Bug Apprentice", gw::GREEN},
-    {151, "Bug Academic", gw::BLUE},
-    {201, "Bug Professional", gw::GREEN},
-    {251, "Bug Master", gw::MAGENTA},
-    {326, "Bug Maestro", gw::RED},
-    {401, "Bug Wizard", gw::MAGENTA},
-    {476, "Entomologist", gw::RED},
-    {551, "Bug God", gw::YELLOW},
-    {701, "Bug Omniscence", gw::YELLOW},
-    {951, "Bug Cosmic Being", gw::YELLOW},
-    {1201, "Bug Black Hole", gw::YELLOW},
-    {1451, "Bug Universal Arbiter", gw::YELLOW},
-    {1701, "Bug Time Devourer", gw::YELLOW},
-    {2000, "BUG", gw::YELLOW},
+} RANKS[] = {
+    {4, "Bug Idiot", gw::WHITE},
+    {25, "Bug Beginner", gw::CYAN},
+    {75, "Bug Novice", gw::BLUE},
+    {100, "Bug Enthusiast", gw::CYAN},
+    {150, "Bug Apprentice", gw::GREEN},
+    {200, "Bug Academic", gw::BLUE},
+    {250, "Bug Professional", gw::GREEN},
+    {325, "Bug Master", gw::MAGENTA},
+    {400, "Bug Maestro", gw::RED},
+    {475, "Bug Wizard", gw::MAGENTA},
+    {550, "Entomologist", gw::RED},
+    {700, "Bug God", gw::YELLOW},
+    {950, "Bug Omniscence", gw::YELLOW},
+    {1200, "Bug Cosmic Being", gw::YELLOW},
+    {1450, "Bug Black Hole", gw::YELLOW},
+    {1700, "Bug Universal Arbiter", gw::YELLOW},
+    {1999, "Bug Time Devourer", gw::YELLOW},
+    {123456, "BUG", gw::YELLOW},
 };
 
 } // namespace
@@ -46,24 +41,20 @@ TEST_F(ScorePictureTest, ShowsAmountAndTitleInTheRanksColorOnBothSidesOfEveryThr
   gw::Object &panel = *new gw::Object;
   panel.setSprite("Score");
   panel.setPosition({13, 45});
-
-  const auto expectAt = [&](int points, const Rank &rank) {
-    score.updateScore(points - score.getScore());
-    EXPECT_EQ(score.draw(), 0);
-    const sf::Image actual = picture();
-    display.swapBuffers();
-    panel.draw();
-    display.drawString({13, 43}, rank.title, gw::LEFT_JUSTIFIED, rank.color);
-    display.drawString({13, 45}, "$" + std::to_string(points), gw::CENTER_JUSTIFIED,
-                       rank.color);
-    EXPECT_TRUE(samePixels(actual, picture())) << points << ": " << rank.title;
-    display.swapBuffers();
-  };
-  expectAt(-15, RANKS[0]);
-  for (std::size_t i = 0; i < std::size(RANKS); i++) {
-    expectAt(RANKS[i].from, RANKS[i]);
-    if (i > 0)
-      expectAt(RANKS[i].from - 1, RANKS[i - 1]);
+  int from = -15;
+  for (const auto &[to, title, color] : RANKS) {
+    for (const int points : {from, to}) {
+      score.updateScore(points - score.getScore());
+      EXPECT_EQ(score.draw(), 0);
+      const sf::Image actual = picture();
+      display.swapBuffers();
+      panel.draw();
+      display.drawString({13, 43}, title, gw::LEFT_JUSTIFIED, color);
+      display.drawString({13, 45}, "$" + std::to_string(points), gw::CENTER_JUSTIFIED,
+                         color);
+      EXPECT_TRUE(samePixels(actual, picture())) << points << ": " << title;
+      display.swapBuffers();
+    }
+    from = to + 1;
   }
-  expectAt(123456, RANKS[std::size(RANKS) - 1]);
 }

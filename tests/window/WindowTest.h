@@ -17,6 +17,5 @@ void linkFont();
 /// What has been drawn into the window, shown or not.
 sf::Image picture();
 
-/// Whether two pictures are equal in every pixel. Says how many differ, and where
-/// the first one is.
+/// Whether two pictures are equal in every pixel. Says where the first is that differs.
 testing::AssertionResult samePixels(const sf::Image &actual, const sf::Image &expected);

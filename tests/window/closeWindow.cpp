@@ -1,15 +1,12 @@
 #include <X11/Xlib.h>
 
-#include <cstdio>
 #include <cstdlib>
 
 /// Asks a window to close, as a click on a close button does: close-window NUMBER
 int main(int argc, char **argv) {
   Display *display = XOpenDisplay(nullptr);
-  if (!display || argc != 2) {
-    std::fprintf(stderr, "close-window needs a display and the number of a window\n");
+  if (!display || argc != 2)
     return 1;
-  }
   XEvent event{};
   event.xclient.type = ClientMessage;
   event.xclient.window = std::strtoul(argv[1], nullptr, 0);
@@ -20,7 +17,6 @@ int main(int argc, char **argv) {
   event.xclient.data.l[1] = CurrentTime;
   const Status sent =
       XSendEvent(display, event.xclient.window, False, NoEventMask, &event);
-  XSync(display, False);
   XCloseDisplay(display);
   return sent ? 0 : 1;
 }

@@ -5,7 +5,9 @@ Usage: sound_test.py <tazlet-demo> <staged run directory> <preload library>
 """
 
 import array
+import cmath
 import math
+import operator
 import os
 import pathlib
 import shutil
@@ -37,19 +39,17 @@ end 210
 
 def tone(hertz, seconds, loudness):
     """Whole periods, so that it loops without a seam."""
-    return array.array("h", (
-        round(32767 * loudness * math.sin(2 * math.pi * hertz * i / RATE))
-        for i in range(round(seconds * RATE))))
+    turn = 2 * math.pi * hertz / RATE
+    return array.array("h", (round(32767 * loudness * math.sin(turn * i))
+                             for i in range(round(seconds * RATE))))
 
 
-def strength(samples, hertz):
-    """How much of a tone is in the samples, 1 for a tone at full scale (Goertzel)."""
-    factor = 2 * math.cos(2 * math.pi * hertz / RATE)
-    last = before = 0.0
-    for sample in samples:
-        last, before = sample + factor * last - before, last
-    power = last * last + before * before - factor * last * before
-    return 2 * math.sqrt(max(power, 0)) / len(samples) / 32768
+def moments(samples, hertz):
+    """Where this tone begins to be heard, in seconds."""
+    turns = [cmath.exp(2j * math.pi * hertz * i / RATE) for i in range(WINDOW)]
+    heard = [abs(sum(map(operator.mul, samples[i : i + WINDOW], turns))) > 0.01 * 32768 * WINDOW
+             for i in range(0, len(samples) - WINDOW, WINDOW)]
+    return [i * WINDOW / RATE for i in range(1, len(heard)) if heard[i] and not heard[i - 1]]
 
 
 class Sound(unittest.TestCase):
@@ -60,17 +60,18 @@ class Sound(unittest.TestCase):
         self.addCleanup(process.kill)
         return process
 
-    def setUp(self):
+    def record_game(self):
+        """Everything that the sound card got while the game was played, as samples."""
         directory = tempfile.TemporaryDirectory(prefix="glidewing-test-")
         self.addCleanup(directory.cleanup)
-        self.run_dir = pathlib.Path(directory.name) / "run"
-        shutil.copytree(STAGED, self.run_dir)
+        run_dir = pathlib.Path(directory.name) / "run"
+        shutil.copytree(STAGED, run_dir)
         for file, hertz in TONES.items():
-            is_music = "musics" in file
-            with wave.open(str(self.run_dir / "tazlet" / file), "wb") as out:
+            seconds, loudness = (1, 0.05) if "musics" in file else (0.3, 0.1)
+            with wave.open(str(run_dir / "tazlet" / file), "wb") as out:
                 out.setparams((1, 2, RATE, 0, "NONE", ""))
-                out.writeframes(tone(hertz, 1 if is_music else 0.3, 0.05 if is_music else 0.1))
-        (self.run_dir / "game.txt").write_text(RECORDING)
+                out.writeframes(tone(hertz, seconds, loudness))
+        (run_dir / "game.txt").write_text(RECORDING)
         socket = pathlib.Path(directory.name) / "pulse"
         self.start("pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1",
                    "--use-pid-file=no", "--disable-shm=yes",
@@ -79,45 +80,28 @@ class Sound(unittest.TestCase):
         while not socket.exists():
             time.sleep(0.05)
         # Without a short latency the null sink stalls.
-        self.environment = {**os.environ, "PULSE_SERVER": f"unix:{socket}",
-                            "PULSE_LATENCY_MSEC": "30"}
-
-    def record_game(self):
-        """Everything that the sound card got while the game was played, as samples."""
-        with open(self.run_dir / "heard.raw", "wb") as heard:
+        env = {**os.environ, "PULSE_SERVER": f"unix:{socket}", "PULSE_LATENCY_MSEC": "30"}
+        with open(run_dir / "heard.raw", "wb") as heard:
             recorder = self.start("parec", "-d", "null.monitor", "--latency-msec=30", "--raw",
                                   "--format=s16le", "--channels=1", f"--rate={RATE}",
-                                  stdout=heard, env=self.environment)
+                                  stdout=heard, env=env)
             while os.fstat(heard.fileno()).st_size == 0:
                 time.sleep(0.05)  # until it listens
             played = subprocess.run([DEMO, "--window", "--replay", "game.txt"], text=True,
-                                    cwd=self.run_dir, capture_output=True,
-                                    env={**self.environment, "LD_PRELOAD": str(PRELOAD)},
-                                    stdin=subprocess.DEVNULL, timeout=50)
+                                    cwd=run_dir, env={**env, "LD_PRELOAD": str(PRELOAD)},
+                                    capture_output=True, timeout=50)
             recorder.terminate()
             recorder.wait()
         self.assertEqual(played.returncode, 0, played.stderr)
         self.assertIn("rows sold 1", played.stdout)
-        samples = array.array("h")
-        samples.frombytes((self.run_dir / "heard.raw").read_bytes()[: 2 * WINDOW * 400])
-        return samples
+        return array.array("h", (run_dir / "heard.raw").read_bytes()[: 2 * WINDOW * 400])
 
     def test_music_and_effects_are_heard_at_their_moments(self):
         samples = self.record_game()
-        windows = [samples[i : i + WINDOW] for i in range(0, len(samples) - WINDOW, WINDOW)]
-
-        def moments(file):
-            """Where the tone begins, in seconds."""
-            heard = [strength(window, TONES[file]) > 0.02 for window in windows]
-            return [i * WINDOW / RATE for i in range(1, len(heard)) if heard[i] and not heard[i - 1]]
-
-        (music,) = moments("musics/BlippyTrance.mp3")
-        (start,) = moments("sounds/game_start.wav")
-        click, second_click = moments("sounds/click_pin.wav")
-        (pin,) = moments("sounds/pin_bug.wav")
-        (clear,) = moments("sounds/clear_sequence.wav")
-        self.assertEqual(moments("sounds/game_over.wav"), [])
-        self.assertTrue(moments("sounds/bug_spawn.wav"))
+        [start], spawns, [click, second_click], [pin], [clear], game_overs, [music] = (
+            moments(samples, hertz) for hertz in TONES.values())
+        self.assertEqual(game_overs, [])
+        self.assertTrue(spawns)
         # A step takes 33 ms at least: 60 steps to the start, 88 between the clicks.
         self.assertGreater(start - music, 1.8)
         self.assertGreater(second_click - click, 2.8)
