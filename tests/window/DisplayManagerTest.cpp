@@ -15,8 +15,7 @@ using Lines = std::vector<std::string>;
 using DisplayManagerTest = EngineTest; // without a window at first
 using DrawingTest = WindowTest;
 
-/// Its tests run in processes of their own, because the window stays open to the end,
-/// which must come without a crash.
+/// In a process of its own: the window stays open to the end, which must not crash.
 using BadFontDeathTest = EngineTest;
 
 /// Where random things are drawn.
@@ -163,8 +162,7 @@ TEST_F(RandomDrawingTest, FramesOfAnythingLookAsDrawnCharacterByCharacter) {
       for (int part = frame == 1 ? 0 : 1; part < 2; part++) {
         for (int i = 0; i < 100; i++)
           drawSomething();
-        ASSERT_TRUE(canvas.isRight())
-            << "case " << &c - cases << ", frame " << frame << ", part " << part;
+        ASSERT_TRUE(canvas.isRight()) << &c - cases << ", " << frame << ", " << part;
       }
       canvas.nextFrame();
     }

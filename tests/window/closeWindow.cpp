@@ -14,7 +14,6 @@ int main(int argc, char **argv) {
   event.xclient.format = 32;
   event.xclient.data.l[0] =
       static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
-  event.xclient.data.l[1] = CurrentTime;
   const Status sent =
       XSendEvent(display, event.xclient.window, False, NoEventMask, &event);
   XCloseDisplay(display);
