@@ -28,6 +28,11 @@ int Object::draw() {
   return animation.draw(position);
 }
 
+void Object::setPosition(Vector new_position) {
+  position = new_position;
+  WorldManager::getInstance().updateCollisions(this);
+}
+
 void Object::setDirection(Vector new_direction) {
   new_direction.normalize();
   direction = new_direction;
@@ -52,6 +57,7 @@ int Object::setCollisionResponse(CollisionResponse new_response) {
   if (new_response < BLOCK || new_response > IGNORE)
     return -1;
   collision_response = new_response;
+  WorldManager::getInstance().updateCollisions(this);
   return 0;
 }
 
@@ -64,7 +70,7 @@ int Object::setAltitude(int new_altitude) {
 
 void Object::setAnimation(Animation new_animation) {
   animation = new_animation;
-  box = animation.getBox();
+  setBox(animation.getBox());
 }
 
 int Object::setSprite(std::string sprite_label) {
@@ -76,8 +82,13 @@ int Object::setSprite(std::string sprite_label) {
     return -1;
   }
   animation.setSprite(p_sprite);
-  box = animation.getBox();
+  setBox(animation.getBox());
   return 0;
+}
+
+void Object::setBox(Box new_box) {
+  box = new_box;
+  WorldManager::getInstance().updateCollisions(this);
 }
 
 } // namespace gw

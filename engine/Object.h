@@ -54,7 +54,7 @@ public:
   std::string getType() const { return type; }
 
   /// In cells. Setting it is not a move: no collision, no bounds, no events.
-  void setPosition(Vector new_position) { position = new_position; }
+  void setPosition(Vector new_position);
   Vector getPosition() const { return position; }
 
   /// Stored with length 1 (a zero vector stays zero); the speed is unchanged.
@@ -93,10 +93,12 @@ public:
   int setSprite(std::string sprite_label);
 
   /// Extent in cells, relative to the position.
-  void setBox(Box new_box) { box = new_box; }
+  void setBox(Box new_box);
   Box getBox() const { return box; }
 
 private:
+  friend class WorldManager;
+
   int id;
   std::string type = "Object";
   Vector position;
@@ -106,6 +108,7 @@ private:
   int altitude = 2;
   Animation animation;
   Box box{Vector(-0.5f, -0.5f), 1, 1};
+  int world_index = -1; ///< the world's: in its list of objects; -1 when not in there
 };
 
 } // namespace gw

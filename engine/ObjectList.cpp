@@ -50,6 +50,10 @@ ObjectList::~ObjectList() {
   std::free(list);
 }
 
+bool ObjectList::contains(const Object *p_o) const {
+  return std::find(list, list + count, p_o) != list + count;
+}
+
 Object *ObjectList::operator[](int index) const {
   if (index < 0 || index >= count)
     throw std::out_of_range("Invalid index.");

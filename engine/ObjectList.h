@@ -21,6 +21,8 @@ public:
   /// True when the next insert will have to grow the storage (it doubles).
   bool isFull() const { return count == max_count; }
 
+  bool contains(const Object *p_o) const;
+
   /// The entry at `index`, 0 up to but not including `getCount()`. Anything
   /// else throws std::out_of_range, "Invalid index.".
   Object *operator[](int index) const;

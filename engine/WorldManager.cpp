@@ -11,13 +11,6 @@ namespace gw {
 
 namespace {
 
-bool contains(const ObjectList &list, const Object *p_o) {
-  for (int i = 0; i < list.getCount(); i++)
-    if (list[i] == p_o)
-      return true;
-  return false;
-}
-
 bool isInsideWorld(Vector position) {
   const DisplayManager &display = DisplayManager::getInstance();
   return position.getX() >= 0 &&
@@ -89,32 +82,44 @@ ObjectList WorldManager::getAllObjectsOfType(std::string wanted_type) {
 
 ObjectList WorldManager::getCollisions(const Object *p_o, Vector where) {
   ObjectList collisions;
-  const Box box = getWorldBox(p_o, where);
-  for (int i = 0; i < updates.getCount(); i++) {
-    Object *p_other = updates[i];
-    if (p_other != p_o && p_other->registersCollisions() &&
-        boxesIntersect(box, getWorldBox(p_other)))
-      collisions.insert(p_other);
-  }
+  for (int i : grid.find(getWorldBox(p_o, where)))
+    if (updates[i] != p_o)
+      collisions.insert(updates[i]);
   return collisions;
 }
 
 bool WorldManager::isMarkedForDelete(const Object *p_o) const {
-  return contains(deletions, p_o);
+  return deletions.contains(p_o);
 }
 
 int WorldManager::insertObject(Object *p_o) {
-  if (!contains(updates, p_o))
-    updates.insert(p_o);
+  if (p_o->world_index >= 0)
+    return 0;
+  p_o->world_index = updates.getCount();
+  updates.insert(p_o);
+  grid.insert(getWorldBox(p_o), p_o->registersCollisions());
   return 0;
 }
 
 int WorldManager::removeObject(Object *p_o) {
-  return updates.remove(p_o);
+  const int index = p_o->world_index;
+  if (index < 0)
+    return -1;
+  updates.remove(p_o);
+  grid.remove(index);
+  if (index < updates.getCount()) // the last one is there now
+    updates[index]->world_index = index;
+  p_o->world_index = -1;
+  return 0;
+}
+
+void WorldManager::updateCollisions(const Object *p_o) {
+  if (p_o->world_index >= 0)
+    grid.update(p_o->world_index, getWorldBox(p_o), p_o->registersCollisions());
 }
 
 int WorldManager::markForDelete(Object *p_o) {
-  if (!contains(deletions, p_o))
+  if (!deletions.contains(p_o))
     deletions.insert(p_o);
   return 0;
 }

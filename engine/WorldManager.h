@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CollisionGrid.h"
 #include "Manager.h"
 #include "ObjectList.h"
 #include "Vector.h"
@@ -48,6 +49,10 @@ public:
   int insertObject(Object *p_o);
   int removeObject(Object *p_o);
 
+  /// Called by an object's setters only, when its box, its position or its collision
+  /// response has changed: keeps what `getCollisions` knows of it current.
+  void updateCollisions(const Object *p_o);
+
   /// Marks the object for deletion in the next update. Until then it still
   /// hears events and is drawn. Marking twice is harmless. @return 0
   int markForDelete(Object *p_o);
@@ -72,6 +77,7 @@ private:
   void deleteMarkedObjects();
 
   ObjectList updates;   ///< every object in the world
+  CollisionGrid grid;   ///< their boxes; an index is the one in `updates`
   ObjectList deletions; ///< marked objects, each once
 };
 

@@ -33,10 +33,7 @@ PinBoard::PinBoard() {
 }
 
 bool PinBoard::holds(const Insect *p_insect) const {
-  for (int i = 0; i < pinnedBugs.getCount(); i++)
-    if (pinnedBugs[i] == p_insect)
-      return true;
-  return false;
+  return pinnedBugs.contains(p_insect);
 }
 
 /// A pin may come twice, from the broadcast and from the sequence: an insect is

@@ -1,0 +1,150 @@
+#include "CollisionGrid.h"
+
+#include "utility.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace gw {
+
+namespace {
+
+constexpr int NONE = -1; ///< no index; no cell, for a box that is not found
+
+/// Size of a cell in character cells: the smallest one that most sprites fit into.
+/// Larger cells hold more boxes to look at; smaller ones leave more boxes apart.
+constexpr float CELL_WIDTH = 16;
+constexpr float CELL_HEIGHT = 8;
+
+/// The plane wraps around after so many cells in a row or column (a power of two).
+/// Boxes of places so far from each other share a cell and are told apart when looked
+/// at.
+constexpr int CELLS = 128;
+constexpr int APART = CELLS * CELLS; ///< the cell of the boxes that are kept apart
+
+/// Up to here a float tells places closer than `ROUNDING` from each other, so adding
+/// the size of a box to its corner cannot lead further astray.
+constexpr float FAR = 65536;
+constexpr float ROUNDING = 1.f / 64;
+
+/// False also for what is no number.
+bool isNear(Vector position) {
+  return std::fabs(position.getX()) < FAR && std::fabs(position.getY()) < FAR;
+}
+
+int columnOf(float x) {
+  return static_cast<int>(std::floor(x / CELL_WIDTH));
+}
+
+int rowOf(float y) {
+  return static_cast<int>(std::floor(y / CELL_HEIGHT));
+}
+
+int cellAt(int column, int row) {
+  return (row & (CELLS - 1)) * CELLS + (column & (CELLS - 1));
+}
+
+int cellOf(const Box &box) {
+  const Vector corner = box.getCorner();
+  if (isNear(corner) && box.getHorizontal() <= CELL_WIDTH &&
+      box.getVertical() <= CELL_HEIGHT)
+    return cellAt(columnOf(corner.getX()), rowOf(corner.getY()));
+  return APART;
+}
+
+} // namespace
+
+CollisionGrid::CollisionGrid() : first_in_cell(APART + 1, NONE) {
+}
+
+void CollisionGrid::insert(const Box &box, bool is_found) {
+  entries.emplace_back();
+  link(getCount() - 1, box, is_found ? cellOf(box) : NONE);
+}
+
+void CollisionGrid::remove(int index) {
+  unlink(index);
+  const int last = getCount() - 1;
+  if (index != last) {
+    const Entry moved = at(last);
+    unlink(last);
+    link(index, moved.box, moved.cell);
+  }
+  entries.pop_back();
+}
+
+void CollisionGrid::update(int index, const Box &box, bool is_found) {
+  const int cell = is_found ? cellOf(box) : NONE;
+  Entry &entry = at(index);
+  if (entry.cell == cell) {
+    entry.box = box;
+    return;
+  }
+  unlink(index);
+  link(index, box, cell);
+}
+
+const std::vector<int> &CollisionGrid::find(const Box &box) {
+  found.clear();
+  const Vector corner = box.getCorner();
+  // A negative size does not reach out of the corner.
+  const Vector end = corner + Vector(std::max(box.getHorizontal(), 0.f),
+                                     std::max(box.getVertical(), 0.f));
+  if (!isNear(corner) || !isNear(end)) {
+    findInAll(box);
+    return found;
+  }
+  const int left = columnOf(corner.getX() - CELL_WIDTH - ROUNDING);
+  const int top = rowOf(corner.getY() - CELL_HEIGHT - ROUNDING);
+  const int columns = columnOf(end.getX() + ROUNDING) - left + 1;
+  const int rows = rowOf(end.getY() + ROUNDING) - top + 1;
+  if (std::max(columns, rows) > CELLS || columns * rows > getCount()) {
+    findInAll(box);
+    return found;
+  }
+  findInCell(APART, box);
+  for (int row = top; row < top + rows; row++)
+    for (int column = left; column < left + columns; column++)
+      findInCell(cellAt(column, row), box);
+  std::sort(found.begin(), found.end());
+  return found;
+}
+
+void CollisionGrid::findInCell(int cell, const Box &box) {
+  for (int i = first_in_cell[static_cast<std::size_t>(cell)]; i != NONE; i = at(i).next)
+    if (boxesIntersect(box, at(i).box))
+      found.push_back(i);
+}
+
+void CollisionGrid::findInAll(const Box &box) {
+  for (int i = 0; i < getCount(); i++)
+    if (at(i).cell != NONE && boxesIntersect(box, at(i).box))
+      found.push_back(i);
+}
+
+/// Fills the entry at `index` and puts it in front of the others of its cell.
+void CollisionGrid::link(int index, const Box &box, int cell) {
+  Entry &entry = at(index);
+  entry = {box, cell, NONE, NONE};
+  if (cell == NONE)
+    return;
+  int &first = first_in_cell[static_cast<std::size_t>(cell)];
+  entry.next = first;
+  if (first != NONE)
+    at(first).previous = index;
+  first = index;
+}
+
+void CollisionGrid::unlink(int index) {
+  const Entry &entry = at(index);
+  if (entry.cell == NONE)
+    return;
+  if (entry.previous != NONE)
+    at(entry.previous).next = entry.next;
+  else
+    first_in_cell[static_cast<std::size_t>(entry.cell)] = entry.next;
+  if (entry.next != NONE)
+    at(entry.next).previous = entry.previous;
+}
+
+} // namespace gw
