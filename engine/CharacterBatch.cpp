@@ -8,7 +8,9 @@ namespace gw {
 
 namespace {
 
-constexpr int BAND_ROWS = 16; ///< pixel rows of the picture that are drawn together
+/// The picture is drawn in tiles of so many pixels on a side. Smaller ones leave more of
+/// it out, but take longer to find and to draw.
+constexpr int TILE = 16;
 
 /// The font's texture is white around (1, 1), which lets backgrounds and glyphs
 /// share one draw call.
@@ -30,29 +32,44 @@ bool isWhole(sf::Vector2f position) {
   return std::floor(position.x) == position.x && std::floor(position.y) == position.y;
 }
 
-/// Every pixel that the area touches.
-sf::IntRect touchedPixels(sf::FloatRect area) {
+/// The pixels whose centre is in the area: those that the graphics card fills. `slack`
+/// makes the area larger on all sides.
+sf::IntRect filledPixels(sf::FloatRect area, float slack = 0) {
   const sf::Vector2f end = area.position + area.size;
-  const sf::Vector2i first(static_cast<int>(std::floor(area.position.x)),
-                           static_cast<int>(std::floor(area.position.y)));
-  const sf::Vector2i last(static_cast<int>(std::ceil(end.x)),
-                          static_cast<int>(std::ceil(end.y)));
+  const sf::Vector2i first(static_cast<int>(std::ceil(area.position.x - slack - 0.5f)),
+                           static_cast<int>(std::ceil(area.position.y - slack - 0.5f)));
+  const sf::Vector2i last(static_cast<int>(std::ceil(end.x + slack - 0.5f)),
+                          static_cast<int>(std::ceil(end.y + slack - 0.5f)));
   return {first, last - first};
 }
 
-/// The pixels whose centre is in the area: those that the graphics card fills.
-sf::IntRect filledPixels(sf::FloatRect area) {
-  const sf::Vector2f end = area.position + area.size;
-  const sf::Vector2i first(static_cast<int>(std::ceil(area.position.x - 0.5f)),
-                           static_cast<int>(std::ceil(area.position.y - 0.5f)));
-  const sf::Vector2i last(static_cast<int>(std::ceil(end.x - 0.5f)),
-                          static_cast<int>(std::ceil(end.y - 0.5f)));
-  return {first, last - first};
+/// Every pixel that triangles of that area may fill, however the graphics card rounds.
+sf::IntRect touchedPixels(sf::FloatRect area) {
+  constexpr float ROUNDING = 1.f / 64;
+  return filledPixels(area, ROUNDING);
 }
 
 /// The part of the area inside a picture of that size; may be empty.
 sf::IntRect clip(sf::IntRect area, sf::Vector2i size) {
   return area.findIntersection(sf::IntRect({0, 0}, size)).value_or(sf::IntRect());
+}
+
+std::uint8_t alphaAt(const sf::Image &image, sf::Vector2i pixel) {
+  return image.getPixel(sf::Vector2u(pixel)).a;
+}
+
+/// The smallest area within `area` outside of which all of it is transparent.
+sf::IntRect findInk(const sf::Image &image, sf::IntRect area) {
+  const sf::Vector2i area_end = area.position + area.size;
+  sf::Vector2i first = area_end;
+  sf::Vector2i end = area.position;
+  for (int y = area.position.y; y < area_end.y; y++)
+    for (int x = area.position.x; x < area_end.x; x++)
+      if (alphaAt(image, {x, y}) != 0) {
+        first = {std::min(first.x, x), std::min(first.y, y)};
+        end = {std::max(end.x, x + 1), std::max(end.y, y + 1)};
+      }
+  return end.x > first.x ? sf::IntRect(first, end - first) : sf::IntRect();
 }
 
 std::uint32_t toPixel(sf::Color color) {
@@ -85,9 +102,14 @@ std::uint32_t blend(std::uint32_t pixel, sf::Color color, unsigned opacity) {
 void CharacterBatch::clear(sf::Vector2u size, sf::Color color) {
   vertices.clear();
   is_shared = false;
-  target_size = sf::Vector2i(size);
-  clear_color = color;
-  picture.assign(static_cast<std::size_t>(target_size.x * target_size.y), toPixel(color));
+  if (sf::Vector2i(size) == target_size && color == clear_color) {
+    forEachPaintedRun([this](sf::IntRect run) { fill(run, clear_color); });
+  } else {
+    target_size = sf::Vector2i(size);
+    clear_color = color;
+    picture.assign(static_cast<std::size_t>(target_size.x * target_size.y),
+                   toPixel(color));
+  }
   painted.reset(target_size);
   covered.reset(target_size);
 }
@@ -113,7 +135,7 @@ void CharacterBatch::add(sf::Vector2f position, sf::Vector2f cell, char ch,
   }
   addBackground(area, background);
   if (p_glyph)
-    addGlyph(position, p_glyph->glyph, color);
+    addGlyph(position, *p_glyph, color);
 }
 
 void CharacterBatch::draw(sf::RenderTarget &target) {
@@ -134,23 +156,14 @@ void CharacterBatch::release() {
 
 /// Draws the tiles of the picture that have something on them.
 void CharacterBatch::drawPicture(sf::RenderTarget &target) {
-  constexpr int TILE = PixelSet::WORD_PIXELS;
   picture_vertices.clear();
   int first_row = target_size.y;
   int end_row = 0;
-  for (int top = 0; top < target_size.y; top += BAND_ROWS) {
-    const int bottom = std::min(top + BAND_ROWS, target_size.y);
-    for (int word = 0; word < painted.getWordsPerRow(); word++) {
-      if (!painted.hasAny(word, top, bottom))
-        continue;
-      first_row = std::min(first_row, top);
-      end_row = bottom;
-      const sf::IntRect tile =
-          clip({{word * TILE, top}, {TILE, bottom - top}}, target_size);
-      addQuad(picture_vertices, sf::FloatRect(tile), sf::FloatRect(tile),
-              sf::Color::White);
-    }
-  }
+  forEachPaintedRun([this, &first_row, &end_row](sf::IntRect run) {
+    first_row = std::min(first_row, run.position.y);
+    end_row = run.position.y + run.size.y;
+    addQuad(picture_vertices, sf::FloatRect(run), sf::FloatRect(run), sf::Color::White);
+  });
   if (picture_vertices.empty())
     return;
   if (!texture)
@@ -165,17 +178,32 @@ void CharacterBatch::drawPicture(sf::RenderTarget &target) {
               sf::PrimitiveType::Triangles, states);
 }
 
+template <class Visit> void CharacterBatch::forEachPaintedRun(Visit visit) const {
+  for (int top = 0; top < target_size.y; top += TILE) {
+    sf::IntRect run({0, top}, {0, TILE});
+    for (int x = 0; x <= target_size.x; x += TILE) {
+      if (x < target_size.x && painted.intersects({{x, top}, {TILE, TILE}})) {
+        run.size.x += TILE;
+        continue;
+      }
+      if (run.size.x > 0)
+        visit(clip(run, target_size));
+      run = {{x + TILE, top}, {0, TILE}};
+    }
+  }
+}
+
+void CharacterBatch::fill(sf::IntRect area, sf::Color color) {
+  for (int y = area.position.y; y < area.position.y + area.size.y; y++)
+    std::fill_n(pixelAt(area.position.x, y), area.size.x, toPixel(color));
+}
+
 /// Paints a character into the picture.
 void CharacterBatch::paint(sf::IntRect background_area, sf::Color background,
                            sf::Vector2i position, const Glyph *p_glyph, sf::Color color) {
-  const auto pixelAt = [this](int x, int y) {
-    return picture.begin() + y * target_size.x + x;
-  };
   if (background != clear_color || painted.intersects(background_area)) {
     const sf::IntRect area = clip(background_area, target_size);
-    for (int y = 0; y < area.size.y; y++)
-      std::fill_n(pixelAt(area.position.x, area.position.y + y), area.size.x,
-                  toPixel(background));
+    fill(area, background);
     if (background == clear_color)
       painted.remove(area);
     else
@@ -200,28 +228,32 @@ void CharacterBatch::addBackground(sf::FloatRect area, sf::Color color) {
   if (!isVisible(area))
     return;
   const sf::IntRect touched = touchedPixels(area);
-  if (color == clear_color && !is_shared && !painted.intersects(touched))
+  if (color == clear_color && !is_shared && !painted.intersects(touched) &&
+      !covered.intersects(touched))
     return;
   addQuad(vertices, area, WHITE_TEXEL, color);
-  painted.insert(touched);
   covered.insert(touched);
 }
 
-void CharacterBatch::addGlyph(sf::Vector2f position, const sf::Glyph &glyph,
+void CharacterBatch::addGlyph(sf::Vector2f position, const Glyph &glyph,
                               sf::Color color) {
   // Like the library's text: one texel more on every side, for smooth edges
   // between pixels, and the base line one character size below the top.
   const sf::Vector2f padding(1, 1);
   const sf::Vector2f base_line(0, static_cast<float>(glyph_size));
-  const sf::FloatRect area(position + base_line + glyph.bounds.position - padding,
-                           glyph.bounds.size + 2.f * padding);
+  const sf::FloatRect area(position + base_line + glyph.glyph.bounds.position - padding,
+                           glyph.glyph.bounds.size + 2.f * padding);
   if (!isVisible(area))
     return;
-  const sf::FloatRect texels(glyph.textureRect);
+  const sf::FloatRect texels(glyph.glyph.textureRect);
   addQuad(vertices, area,
           sf::FloatRect(texels.position - padding, texels.size + 2.f * padding), color);
-  painted.insert(touchedPixels(area));
-  covered.insert(touchedPixels(area));
+  // Between pixels, ink spreads to all pixels whose centre is less than one away.
+  const sf::FloatRect ink(glyph.area);
+  const sf::Vector2f spread(0.5f, 0.5f);
+  const sf::IntRect touched =
+      touchedPixels({position + ink.position - spread, ink.size + 2.f * spread});
+  covered.insert(touched);
 }
 
 void CharacterBatch::addQuad(std::vector<sf::Vertex> &triangles, sf::FloatRect area,
@@ -280,14 +312,13 @@ CharacterBatch::Glyph CharacterBatch::loadGlyph(char ch, const sf::Font &font,
   Glyph loaded;
   loaded.glyph = font.getGlyph(sf::String(ch)[0], glyph_size, true);
   const sf::IntRect texels = loaded.glyph.textureRect;
-  loaded.area = {sf::Vector2i(loaded.glyph.bounds.position) +
-                     sf::Vector2i(0, static_cast<int>(glyph_size)),
-                 texels.size};
-  for (int y = 0; y < texels.size.y; y++)
-    for (int x = 0; x < texels.size.x; x++) {
-      const sf::Vector2i texel = texels.position + sf::Vector2i(x, y);
-      loaded.opacity.push_back(font_texture.getPixel(sf::Vector2u(texel)).a);
-    }
+  const sf::Vector2i base_line(0, static_cast<int>(glyph_size));
+  const sf::Vector2i top_left = sf::Vector2i(loaded.glyph.bounds.position) + base_line;
+  const sf::IntRect ink = findInk(font_texture, texels);
+  loaded.area = {top_left + ink.position - texels.position, ink.size};
+  for (int y = 0; y < ink.size.y; y++)
+    for (int x = 0; x < ink.size.x; x++)
+      loaded.opacity.push_back(alphaAt(font_texture, ink.position + sf::Vector2i(x, y)));
   return loaded;
 }
 

@@ -49,10 +49,10 @@ public:
   void release();
 
 private:
-  /// A glyph, and its opacity for every pixel that it touches.
+  /// A glyph, and the opacity of its ink, when it stands on whole pixels.
   struct Glyph {
     sf::Glyph glyph;
-    sf::IntRect area;                  ///< relative to the character's position
+    sf::IntRect area;                  ///< of ink, relative to the character's position
     std::vector<std::uint8_t> opacity; ///< row by row; 255 covers
   };
 
@@ -60,10 +60,16 @@ private:
   void loadGlyphs(const sf::Font &font);
   Glyph loadGlyph(char ch, const sf::Font &font, const sf::Image &texture) const;
 
+  /// Calls `visit` for areas of the picture, none overlapping another, that together
+  /// hold everything painted.
+  template <class Visit> void forEachPaintedRun(Visit visit) const;
+
+  auto pixelAt(int x, int y) { return picture.begin() + y * target_size.x + x; }
+  void fill(sf::IntRect area, sf::Color color);
   void paint(sf::IntRect background_area, sf::Color background, sf::Vector2i position,
              const Glyph *p_glyph, sf::Color color);
   void addBackground(sf::FloatRect area, sf::Color color);
-  void addGlyph(sf::Vector2f position, const sf::Glyph &glyph, sf::Color color);
+  void addGlyph(sf::Vector2f position, const Glyph &glyph, sf::Color color);
   void addQuad(std::vector<sf::Vertex> &triangles, sf::FloatRect area,
                sf::FloatRect texture_area, sf::Color color);
   void drawPicture(sf::RenderTarget &target);
@@ -74,7 +80,7 @@ private:
   bool is_shared = false;
 
   std::vector<std::uint32_t> picture; ///< red, green, blue, alpha bytes; row by row
-  PixelSet painted; ///< may differ from the clear colour, in picture or triangles
+  PixelSet painted; ///< where the picture may differ from the clear colour
   std::optional<sf::Texture> texture;       ///< of the picture
   std::vector<sf::Vertex> picture_vertices; ///< kept for its memory only
 

@@ -12,8 +12,6 @@ namespace gw {
 /// outside the picture is ignored.
 class PixelSet {
 public:
-  static constexpr int WORD_PIXELS = 64;
-
   /// Empty, for a picture of that size.
   void reset(sf::Vector2i new_size);
 
@@ -23,21 +21,18 @@ public:
   /// Whether any pixel of the area is in the set.
   bool intersects(sf::IntRect area) const;
 
-  /// Whether any is of the `WORD_PIXELS` pixels from x = `WORD_PIXELS` * `word` on, in
-  /// the rows from `top` up to but not including `bottom`. All inside the picture.
-  bool hasAny(int word, int top, int bottom) const;
-
-  /// Words in a row.
-  int getWordsPerRow() const { return words_per_row; }
-
 private:
-  /// Calls `visit` with the index of every word that holds bits of the area, and
-  /// with the mask of these bits, until it returns true. @return whether it did
-  template <class Visit> bool forEachWord(sf::IntRect area, Visit visit) const;
+  /// Calls `visit` for each column of words that holds pixels of the area: with the
+  /// index of its first word and of the one after its last, and the mask of the bits in
+  /// each of them that belong to the area.
+  template <class Visit> void forEachColumn(sf::IntRect area, Visit visit) const;
 
   sf::Vector2i size;
-  int words_per_row = 0;
-  std::vector<std::uint64_t> words; ///< row by row
+
+  /// 64 pixels of a row in a word; below it in the picture, next to it in memory: an
+  /// area's words are then few runs, which the compiler handles several at a time. Full
+  /// screens of text are collected in half the time of words row by row.
+  std::vector<std::uint64_t> words;
 };
 
 } // namespace gw
