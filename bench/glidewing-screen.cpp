@@ -1,0 +1,152 @@
+/// What a full screen and a step of play take, in a real window. Started by
+/// bench/table.py in the run directory; needs a display.
+
+#include "Butterfly.h"
+#include "DisplayManager.h"
+#include "EventKeyboard.h"
+#include "EventPin.h"
+#include "EventStep.h"
+#include "Field.h"
+#include "GameManager.h"
+#include "Glidewing.h"
+#include "InputManager.h"
+#include "LogManager.h"
+#include "Random.h"
+#include "Screen.h"
+#include "Sequence.h"
+#include "WorldManager.h"
+#include "gameUtility.h"
+#include "tazlet.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+constexpr int FLYING = 20; ///< insects
+constexpr int PINNED = 7;
+constexpr int TARGETS = 6;
+
+float randomBetween(float low, float high) {
+  return low + (high - low) * static_cast<float>(gw::rand()) / 32767.f;
+}
+
+Insect *addInsect() {
+  Insect *p_insect = gw::rand() % 2 == 0 ? static_cast<Insect *>(new Butterfly)
+                                         : static_cast<Insect *>(new Glidewing);
+  p_insect->setColor(INSECT_COLORS[static_cast<std::size_t>(gw::rand()) % 5]);
+  setTintedSprite(*p_insect);
+  p_insect->setPosition(gw::Vector(randomBetween(10, 95), randomBetween(12, 38)));
+  p_insect->setVelocity(gw::Vector(randomBetween(-1.4f, 1.4f), randomBetween(-.9f, .9f)));
+  return p_insect;
+}
+
+/// Replaces what has left the field, and takes out what the spawners have added, so
+/// that every step has as much to do.
+void keepFlying() {
+  gw::WorldManager &world = gw::WorldManager::getInstance();
+  const gw::ObjectList objects = world.getAllObjects();
+  int flying = 0;
+  for (int i = 0; i < objects.getCount(); i++) {
+    const bool flies = isInsectType(objects[i]->getType()) && objects[i]->getSpeed() > 0;
+    if (flies && !world.isMarkedForDelete(objects[i]) && ++flying > FLYING)
+      world.markForDelete(objects[i]);
+  }
+  for (; flying < FLYING; flying++)
+    addInsect();
+}
+
+/// The busiest that play gets, always the same: all there is, a full row, a board
+/// about to overflow.
+void startBusyGame() {
+  gw::WorldManager &world = gw::WorldManager::getInstance();
+  world.shutDown();
+  world.startUp();
+  gw::srand(1);
+  populateGame();
+  gw::EventKeyboard key;
+  key.setKey(gw::Keyboard::P);
+  key.setKeyboardAction(gw::KEY_PRESSED);
+  world.onEvent(&key);
+  // Sells the first row, which takes off the board what is there already.
+  findFirst<Sequence>("Sequence")->generateSequence(TARGETS);
+  world.markForDelete(findFirst<gw::Object>("SoldTag"));
+  for (int i = 0; i < PINNED; i++) {
+    Insect *p_insect = addInsect();
+    p_insect->setPinned(true);
+    p_insect->setColor(gw::YELLOW); // matches no target
+    const EventPin pin(p_insect);
+    world.onEvent(&pin);
+  }
+}
+
+/// A step of the game loop, all but its sleep and its frame: what there is to do
+/// without a window. The frame is shown in between, not timed.
+void StepUnshown(benchmark::State &state) {
+  gw::WorldManager &world = gw::WorldManager::getInstance();
+  startBusyGame();
+  int step_count = 0;
+  bench::timeSteps(
+      state,
+      [&] {
+        gw::DisplayManager::getInstance().swapBuffers();
+        keepFlying();
+      },
+      [&] {
+        const gw::EventStep step(step_count++);
+        world.onEvent(&step);
+        world.update();
+        world.draw();
+      });
+  state.counters["objects"] = world.getAllObjects().getCount();
+}
+BENCHMARK(StepUnshown)->UseManualTime();
+
+/// A step of the game loop, all but its sleep.
+void Step(benchmark::State &state) {
+  gw::WorldManager &world = gw::WorldManager::getInstance();
+  startBusyGame();
+  int step_count = 0;
+  bench::timeSteps(
+      state, [&] { keepFlying(); },
+      [&] {
+        const gw::EventStep step(step_count++);
+        world.onEvent(&step);
+        gw::InputManager::getInstance().getInput();
+        world.update();
+        world.draw();
+        gw::DisplayManager::getInstance().swapBuffers();
+      });
+  state.counters["objects"] = world.getAllObjects().getCount();
+}
+BENCHMARK(Step)->UseManualTime();
+
+/// Every cell another character and colour, shown.
+void FullScreen(benchmark::State &state) {
+  gw::DisplayManager &display = gw::DisplayManager::getInstance();
+  int frame = 0;
+  for (auto _ : state) {
+    for (int y = 0; y < bench::ROWS; y++)
+      for (int x = 0; x < bench::COLUMNS; x++)
+        display.drawCh(gw::Vector(static_cast<float>(x), static_cast<float>(y)),
+                       bench::characterAt(x, y, frame),
+                       static_cast<gw::Color>(bench::colorAt(x, y, frame)));
+    display.swapBuffers();
+    frame++;
+  }
+}
+BENCHMARK(FullScreen)->UseRealTime();
+
+} // namespace
+
+int main(int argc, char **argv) {
+  benchmark::Initialize(&argc, argv);
+  gw::GameManager &game = gw::GameManager::getInstance();
+  if (game.startUp() != 0)
+    return 1;
+  gw::LogManager::getInstance().setLogLevel(gw::ALL);
+  gw::LogManager::getInstance().setFlush(true);
+  loadResources();
+  benchmark::RunSpecifiedBenchmarks();
+  game.shutDown();
+  return 0;
+}

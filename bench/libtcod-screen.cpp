@@ -1,0 +1,77 @@
+/// The peer of glidewing-screen: the same full screen as a libtcod console, once for
+/// each of its renderers. Started by bench/table.py in the run directory; needs a
+/// display.
+
+#include "Screen.h"
+
+#include <benchmark/benchmark.h>
+#include <libtcod/libtcod.h>
+
+#include <cstdlib>
+
+namespace {
+
+/// A way to get the console onto the screen.
+struct Renderer {
+  const char *name;
+  TCOD_renderer_t type;
+  const char *sdl_driver; ///< how SDL draws for it; null where it does not
+};
+
+constexpr Renderer RENDERERS[] = {
+    {"SDL2", TCOD_RENDERER_SDL2, "opengl"},
+    {"SDL2-software", TCOD_RENDERER_SDL2, "software"},
+    {"SDL", TCOD_RENDERER_SDL, nullptr},
+    {"OPENGL2", TCOD_RENDERER_OPENGL2, nullptr},
+    {"OPENGL", TCOD_RENDERER_OPENGL, nullptr},
+};
+
+/// @return null, with the benchmark skipped, where the renderer does not work
+tcod::ContextPtr openWindow(benchmark::State &state, const Renderer &renderer,
+                            TCOD_Tileset *p_tileset) {
+  if (renderer.sdl_driver)
+    setenv("SDL_RENDER_DRIVER", renderer.sdl_driver, 1);
+  TCOD_ContextParams params{};
+  params.tcod_version = TCOD_COMPILEDVERSION;
+  params.columns = bench::COLUMNS;
+  params.rows = bench::ROWS;
+  params.renderer_type = renderer.type;
+  params.tileset = p_tileset;
+  params.window_title = "libtcod-screen";
+  TCOD_Context *p_context = nullptr;
+  if (TCOD_context_new(&params, &p_context) < 0)
+    state.SkipWithError(TCOD_get_error());
+  else if (TCOD_context_get_renderer_type(p_context) != renderer.type)
+    state.SkipWithError("libtcod took another renderer");
+  return tcod::ContextPtr(p_context);
+}
+
+void FullScreen(benchmark::State &state, const Renderer &renderer) {
+  using namespace bench;
+  const tcod::TilesetPtr p_tileset(
+      TCOD_load_truetype_font_("gw-font.ttf", CELL_WIDTH, CELL_HEIGHT));
+  const tcod::ConsolePtr p_console(TCOD_console_new(COLUMNS, ROWS));
+  const tcod::ContextPtr p_context = openWindow(state, renderer, p_tileset.get());
+  int frame = 0;
+  for (auto _ : state) {
+    for (int y = 0; y < ROWS; y++)
+      for (int x = 0; x < COLUMNS; x++) {
+        const Rgb color = COLORS[colorAt(x, y, frame)];
+        (*p_console)[{x, y}] = {characterAt(x, y, frame),
+                                {color.red, color.green, color.blue, 255},
+                                {0, 0, 0, 255}};
+      }
+    if (TCOD_context_present(p_context.get(), p_console.get(), nullptr) < 0)
+      state.SkipWithError(TCOD_get_error());
+    frame++;
+  }
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+  for (const Renderer &renderer : RENDERERS)
+    benchmark::RegisterBenchmark(renderer.name, FullScreen, renderer)->UseRealTime();
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}
