@@ -1,8 +1,5 @@
 #pragma once
 
-#include <benchmark/benchmark.h>
-
-#include <chrono>
 #include <cmath>
 #include <random>
 #include <vector>
@@ -15,8 +12,6 @@ namespace bench {
 
 constexpr float BOX_WIDTH = 9;  ///< cells
 constexpr float BOX_HEIGHT = 5; ///< cells
-constexpr int WARM_UP =
-    10; ///< steps that are not timed: a library's first ones build its trees
 
 struct Mover {
   float x, y;                   ///< centre, in cells
@@ -48,22 +43,6 @@ inline Field makeField(int count) {
 /// Whether something at `position` moves away from a field that goes from 0 to `size`.
 inline bool isLeaving(float position, float velocity, float size) {
   return position < 0 ? velocity < 0 : position > size && velocity > 0;
-}
-
-/// Times `step` alone, warmed up; `between` runs before each one.
-template <class Between, class Step>
-void timeSteps(benchmark::State &state, Between between, Step step) {
-  using Clock = std::chrono::steady_clock;
-  for (int i = 0; i < WARM_UP; i++) {
-    between();
-    step();
-  }
-  for (auto _ : state) {
-    between();
-    const Clock::time_point start = Clock::now();
-    step();
-    state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
-  }
 }
 
 } // namespace bench

@@ -10,6 +10,7 @@
 /// begins and ends, where the engine tells of it in every step.
 
 #include "Field.h"
+#include "timeSteps.h"
 
 #include <box2d/box2d.h>
 
@@ -59,19 +60,18 @@ void Step(benchmark::State &state) {
   for (const bench::Mover &mover : field.movers)
     addBody(world, mover);
 
-  long long step_count = 0;
+  int step_count = 0;
   int pairs = 0;
-  bench::timeSteps(
-      state,
-      [&] {
-        for (b2Body *p_body = world.GetBodyList(); p_body; p_body = p_body->GetNext())
-          turnBack(*p_body, field);
-      },
-      [&] {
-        world.Step(1, 1, 1);
-        if (++step_count == bench::WARM_UP)
-          pairs = counter.pairs;
-      });
+  const auto step = [&] {
+    world.Step(1, 1, 1);
+    if (++step_count == bench::WARM_UP)
+      pairs = counter.pairs;
+  };
+  const auto prepare = [&] {
+    for (b2Body *p_body = world.GetBodyList(); p_body; p_body = p_body->GetNext())
+      turnBack(*p_body, field);
+  };
+  bench::timeSteps(state, step, prepare);
   state.counters["pairs"] = pairs;
 }
 BENCHMARK(Step)->Arg(35)->Arg(100)->Arg(1000)->Arg(10000)->UseManualTime();

@@ -7,6 +7,7 @@
 #include "Object.h"
 #include "ResourceManager.h"
 #include "WorldManager.h"
+#include "timeSteps.h"
 
 #include <unistd.h>
 
@@ -55,19 +56,18 @@ void Update(benchmark::State &state) {
 
   long long step_count = 0;
   long long pairs = 0;
-  bench::timeSteps(
-      state,
-      [&] {
-        for (int i = 0; i < objects.getCount(); i++)
-          turnBack(*objects[i], field);
-        collisions_heard = 0;
-      },
-      [&] {
-        world.update();
-        // Both of a pair move, and each time both hear of it.
-        if (++step_count == bench::WARM_UP)
-          pairs = collisions_heard / 4;
-      });
+  const auto step = [&] {
+    world.update();
+    // Both of a pair move, and each time both hear of it.
+    if (++step_count == bench::WARM_UP)
+      pairs = collisions_heard / 4;
+  };
+  const auto prepare = [&] {
+    for (int i = 0; i < objects.getCount(); i++)
+      turnBack(*objects[i], field);
+    collisions_heard = 0;
+  };
+  bench::timeSteps(state, step, prepare);
   state.counters["pairs"] = static_cast<double>(pairs);
   world.shutDown();
 }

@@ -3,8 +3,8 @@
 /// display.
 
 #include "Screen.h"
+#include "timeSteps.h"
 
-#include <benchmark/benchmark.h>
 #include <libtcod/libtcod.h>
 
 #include <cstdlib>
@@ -41,9 +41,12 @@ tcod::ContextPtr openWindow(benchmark::State &state, const Renderer &renderer,
   TCOD_Context *p_context = nullptr;
   if (TCOD_context_new(&params, &p_context) < 0)
     state.SkipWithError(TCOD_get_error());
-  else if (TCOD_context_get_renderer_type(p_context) != renderer.type)
+  tcod::ContextPtr p_owned(p_context);
+  if (p_owned && p_owned->get_renderer_type() != renderer.type) {
     state.SkipWithError("libtcod took another renderer");
-  return tcod::ContextPtr(p_context);
+    p_owned.reset();
+  }
+  return p_owned;
 }
 
 void FullScreen(benchmark::State &state, const Renderer &renderer) {
@@ -52,8 +55,10 @@ void FullScreen(benchmark::State &state, const Renderer &renderer) {
       TCOD_load_truetype_font_("gw-font.ttf", CELL_WIDTH, CELL_HEIGHT));
   const tcod::ConsolePtr p_console(TCOD_console_new(COLUMNS, ROWS));
   const tcod::ContextPtr p_context = openWindow(state, renderer, p_tileset.get());
+  if (!p_context)
+    return;
   int frame = 0;
-  for (auto _ : state) {
+  const auto draw_frame = [&] {
     for (int y = 0; y < ROWS; y++)
       for (int x = 0; x < COLUMNS; x++) {
         const Rgb color = COLORS[colorAt(x, y, frame)];
@@ -64,14 +69,15 @@ void FullScreen(benchmark::State &state, const Renderer &renderer) {
     if (TCOD_context_present(p_context.get(), p_console.get(), nullptr) < 0)
       state.SkipWithError(TCOD_get_error());
     frame++;
-  }
+  };
+  timeSteps(state, draw_frame);
 }
 
 } // namespace
 
 int main(int argc, char **argv) {
   for (const Renderer &renderer : RENDERERS)
-    benchmark::RegisterBenchmark(renderer.name, FullScreen, renderer)->UseRealTime();
+    benchmark::RegisterBenchmark(renderer.name, FullScreen, renderer)->UseManualTime();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
 }

@@ -11,7 +11,6 @@ so that both meet the machine in the same mood: a ratio is that of one repetitio
 """
 
 import argparse
-import functools
 import json
 import pathlib
 import statistics
@@ -26,6 +25,8 @@ STARTS = 5           # of a program in a repetition; their median counts
 SAME_PAIRS = 0.15    # how far two worlds may differ in the overlaps that they find
 PEER_PACKAGES = {"box2d-world": "libbox2d-dev", "libtcod-screen": "libtcod-dev"}
 
+pairs_found = {}     # overlaps in a world of that size, in the program that came first
+
 
 def run(program, *options):
     """What the program prints; ends this one when it fails."""
@@ -33,7 +34,14 @@ def run(program, *options):
         return subprocess.run([PROGRAMS / program, *options], text=True, check=True, timeout=600,
                               stdin=subprocess.DEVNULL, capture_output=True).stdout
     except subprocess.SubprocessError as error:
-        sys.exit(f"bench: {program} {' '.join(options)}: {error}\n{(error.stderr or '')[-3000:]}")
+        sys.exit(f"bench: {program} {' '.join(options)}: {error}\n{str(error.stderr)[-3000:]}")
+
+
+def compare_pairs(place, size, pairs):
+    """Two worlds that do not find the same overlaps do not do the same work."""
+    expected = pairs_found.setdefault(size, pairs)
+    if abs(pairs - expected) > SAME_PAIRS * expected:
+        sys.exit(f"bench: {place} found {pairs:.0f} overlaps, not about {expected:.0f}")
 
 
 @dataclass(frozen=True)
@@ -52,24 +60,10 @@ class Loop:
                    if not result.get("error_occurred")}
         if not results:
             sys.exit(f"bench: {self.program} measured no {self.pattern}")
-        self.compare_pairs(results)
-        return {name: result[self.counter] for name, result in results.items()}
-
-    @staticmethod
-    @functools.cache
-    def pairs_found():
-        """Size of a world to the overlaps that the first program found in it."""
-        return {}
-
-    def compare_pairs(self, results):
-        """Two worlds that do not find the same overlaps do not do the same work."""
         for name, result in results.items():
-            if "pairs" not in result:
-                continue
-            expected = self.pairs_found().setdefault(name.split("/")[1], result["pairs"])
-            if abs(result["pairs"] - expected) > SAME_PAIRS * expected:
-                sys.exit(f"bench: {self.program} found {result['pairs']:.0f} overlaps in {name}, "
-                         f"not about {expected:.0f}")
+            if "pairs" in result:
+                compare_pairs(f"{self.program} {name}", name.split("/")[1], result["pairs"])
+        return {name: result[self.counter] for name, result in results.items()}
 
 
 @dataclass(frozen=True)
@@ -173,7 +167,8 @@ def measure(rows, repetitions):
 def fastest(results, measurement):
     """The name with the lowest median, and its value in each repetition."""
     series = {name: [result[measurement][name] for result in results]
-              for name in results[0][measurement]}
+              for name in results[0][measurement]
+              if all(name in result[measurement] for result in results)}
     return min(series.items(), key=lambda item: statistics.median(item[1]))
 
 
@@ -190,10 +185,10 @@ def line(row, results):
 
 
 def print_table(lines):
-    head = ["Glidewing", "", "compared with", "", "min", "median", "max", "goal", ""]
+    head = ["Glidewing", "", "compared with", "", "lowest", "median", "highest", "goal", ""]
     widths = [max(map(len, column)) for column in zip(head, *lines)]
-    print("\nTimes are medians, of real time. The ratio is ours by theirs: less is better; the")
-    print("goal is for its median.\n")
+    print("\nTimes are real time, and medians. The three ratios are ours divided by theirs: less is")
+    print("better, and the goal is for the one in the middle.\n")
     for cells in [head, ["-" * width for width in widths], *lines]:
         print("  ".join(f"{cell:>{width}}" if column in (1, 3, 4, 5, 6) else f"{cell:<{width}}"
                         for column, (cell, width) in enumerate(zip(cells, widths))).rstrip())
