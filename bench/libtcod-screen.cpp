@@ -19,10 +19,10 @@ struct Renderer {
 };
 
 constexpr Renderer RENDERERS[] = {
+    {"OPENGL2", TCOD_RENDERER_OPENGL2, nullptr},
     {"SDL2", TCOD_RENDERER_SDL2, "opengl"},
     {"SDL2-software", TCOD_RENDERER_SDL2, "software"},
     {"SDL", TCOD_RENDERER_SDL, nullptr},
-    {"OPENGL2", TCOD_RENDERER_OPENGL2, nullptr},
     {"OPENGL", TCOD_RENDERER_OPENGL, nullptr},
 };
 
