@@ -3,11 +3,11 @@
 ///
 /// Everything that the engine does not do is off, so that Box2D is as fast as it
 /// gets: boxes are sensors, which are found but not pushed apart; nothing rotates,
-/// falls or sleeps, and nothing is watched for passing through walls. A cell is a
-/// metre and a step a second, because Box2D predicts from the speed how far to look
-/// ahead, and limits a body to two metres a step, above all speeds here. Bodies are
-/// dynamic, because others hear nothing of each other. Box2D tells when an overlap
-/// begins and ends, where the engine tells of it in every step.
+/// falls or sleeps, and nothing is watched for passing through walls. Bodies are
+/// dynamic, because others hear nothing of each other. A cell is a metre and a step a
+/// second: sizes that Box2D is made for, and slower than the two metres a step that it
+/// allows. It tells when an overlap begins and ends, where the engine tells of it in
+/// every step.
 
 #include "Field.h"
 #include "timeSteps.h"
