@@ -12,6 +12,11 @@ namespace {
 /// it out, but take longer to find and to draw.
 constexpr int TILE = 16;
 
+/// Pixels at the end of each row of the picture that are never seen. Without them, the
+/// rows of a character would be a power of two apart, which keeps all but a few of them
+/// out of the processor's cache.
+constexpr int STRIDE_PADDING = 16;
+
 /// The font's texture is white around (1, 1), which lets backgrounds and glyphs
 /// share one draw call.
 const sf::FloatRect WHITE_TEXEL({1, 1}, {0, 0});
@@ -43,9 +48,11 @@ sf::IntRect filledPixels(sf::FloatRect area, float slack = 0) {
   return {first, last - first};
 }
 
+/// More than the graphics card may round places by, in pixels.
+constexpr float ROUNDING = 1.f / 64;
+
 /// Every pixel that triangles of that area may fill, however the graphics card rounds.
 sf::IntRect touchedPixels(sf::FloatRect area) {
-  constexpr float ROUNDING = 1.f / 64;
   return filledPixels(area, ROUNDING);
 }
 
@@ -79,36 +86,37 @@ std::uint32_t toPixel(sf::Color color) {
   return pixel;
 }
 
-/// a * b / 255, rounded as the graphics card does it.
-unsigned multiply(unsigned a, unsigned b) {
-  const unsigned product = a * b + 128;
-  return (product + (product >> 8)) >> 8;
+/// Of two bytes, each in 16 bits of its own: byte * factor / 255, rounded as the
+/// graphics card does it.
+std::uint32_t scale(std::uint32_t bytes, std::uint32_t factor) {
+  constexpr std::uint32_t BYTES = 0x00ff00ff;
+  const std::uint32_t products = bytes * factor + 0x00800080;
+  return ((products + ((products >> 8) & BYTES)) >> 8) & BYTES;
 }
 
-/// A colour over an opaque pixel.
-std::uint32_t blend(std::uint32_t pixel, sf::Color color, unsigned opacity) {
-  std::uint8_t bytes[4];
-  std::memcpy(bytes, &pixel, sizeof bytes);
-  const std::uint8_t source[] = {color.r, color.g, color.b};
-  for (int i = 0; i < 3; i++)
-    bytes[i] = static_cast<std::uint8_t>(multiply(source[i], opacity) +
-                                         multiply(bytes[i], 255 - opacity));
-  std::memcpy(&pixel, bytes, sizeof pixel);
-  return pixel;
+/// A pixel over another one, both opaque but for `opacity`.
+std::uint32_t blend(std::uint32_t below, std::uint32_t above, std::uint32_t opacity) {
+  constexpr std::uint32_t BYTES = 0x00ff00ff;
+  const std::uint32_t even =
+      scale(above & BYTES, opacity) + scale(below & BYTES, 255 - opacity);
+  const std::uint32_t odd =
+      scale(above >> 8 & BYTES, opacity) + scale(below >> 8 & BYTES, 255 - opacity);
+  return even | odd << 8;
 }
 
 } // namespace
 
 void CharacterBatch::clear(sf::Vector2u size, sf::Color color) {
   vertices.clear();
+  last_glyph.reset();
   is_shared = false;
   if (sf::Vector2i(size) == target_size && color == clear_color) {
     forEachPaintedRun([this](sf::IntRect run) { fill(run, clear_color); });
   } else {
     target_size = sf::Vector2i(size);
     clear_color = color;
-    picture.assign(static_cast<std::size_t>(target_size.x * target_size.y),
-                   toPixel(color));
+    stride = target_size.x + STRIDE_PADDING;
+    picture.assign(static_cast<std::size_t>(stride * target_size.y), toPixel(color));
   }
   painted.reset(target_size);
   covered.reset(target_size);
@@ -120,7 +128,8 @@ void CharacterBatch::add(sf::Vector2f position, sf::Vector2f cell, char ch,
   // A glyph may reach a little over its cell, but never by a whole one.
   if (!isVisible({area.position - cell, 3.f * cell}))
     return;
-  const Glyph *p_glyph = getGlyph(ch, characterSize(cell), p_font);
+  addLastGlyph(area);
+  Glyph *p_glyph = getGlyph(ch, characterSize(cell), p_font);
   if (!is_shared && isWhole(position)) {
     const sf::IntRect background_area = filledPixels(area);
     const sf::Vector2i pixel(position);
@@ -139,6 +148,7 @@ void CharacterBatch::add(sf::Vector2f position, sf::Vector2f cell, char ch,
 }
 
 void CharacterBatch::draw(sf::RenderTarget &target) {
+  addLastGlyph({});
   if (!is_shared)
     drawPicture(target);
   if (vertices.empty())
@@ -167,10 +177,10 @@ void CharacterBatch::drawPicture(sf::RenderTarget &target) {
   if (picture_vertices.empty())
     return;
   if (!texture)
-    texture.emplace(sf::Vector2u(target_size));
+    texture.emplace(sf::Vector2u(sf::Vector2i(stride, target_size.y)));
   const auto *p_rows = reinterpret_cast<const std::uint8_t *>(
-      &picture[static_cast<std::size_t>(first_row * target_size.x)]);
-  texture->update(p_rows, sf::Vector2u(sf::Vector2i(target_size.x, end_row - first_row)),
+      &picture[static_cast<std::size_t>(first_row * stride)]);
+  texture->update(p_rows, sf::Vector2u(sf::Vector2i(stride, end_row - first_row)),
                   sf::Vector2u(sf::Vector2i(0, first_row)));
   sf::RenderStates states(sf::BlendNone);
   states.texture = &*texture;
@@ -199,29 +209,76 @@ void CharacterBatch::fill(sf::IntRect area, sf::Color color) {
 }
 
 /// Paints a character into the picture.
-void CharacterBatch::paint(sf::IntRect background_area, sf::Color background,
-                           sf::Vector2i position, const Glyph *p_glyph, sf::Color color) {
-  if (background != clear_color || painted.intersects(background_area)) {
-    const sf::IntRect area = clip(background_area, target_size);
-    fill(area, background);
-    if (background == clear_color)
-      painted.remove(area);
-    else
-      painted.insert(area);
-  }
+void CharacterBatch::paint(sf::IntRect cell, sf::Color background, sf::Vector2i position,
+                           Glyph *p_glyph, sf::Color color) {
+  if (p_glyph)
+    copy(getStamp(*p_glyph, {cell.position - position, cell.size}, color, background),
+         cell);
+  else if (background != clear_color || painted.intersects(cell))
+    fill(clip(cell, target_size), background);
+  else
+    return;
+  if (background == clear_color)
+    painted.remove(cell);
+  else
+    painted.insert(cell);
   if (!p_glyph)
     return;
-  const sf::IntRect whole(position + p_glyph->area.position, p_glyph->area.size);
-  const sf::IntRect area = clip(whole, target_size);
-  for (int y = area.position.y; y < area.position.y + area.size.y; y++) {
-    auto pixel = pixelAt(area.position.x, y);
-    auto opacity = p_glyph->opacity.begin() + (y - whole.position.y) * whole.size.x +
-                   (area.position.x - whole.position.x);
-    for (int x = 0; x < area.size.x; x++, ++pixel, ++opacity)
-      if (*opacity != 0)
-        *pixel = blend(*pixel, color, *opacity);
+  const sf::IntRect ink(position + p_glyph->area.position, p_glyph->area.size);
+  const sf::Vector2i ink_end = ink.position + ink.size;
+  const sf::Vector2i cell_end = cell.position + cell.size;
+  for (int y = ink.position.y; y < ink_end.y; y++) {
+    const bool is_in_cell = y >= cell.position.y && y < cell_end.y;
+    blendRow(*p_glyph, position, color, y, ink.position.x,
+             is_in_cell ? cell.position.x : ink_end.x);
+    if (is_in_cell)
+      blendRow(*p_glyph, position, color, y, cell_end.x, ink_end.x);
   }
-  painted.insert(area);
+  painted.insert(ink);
+}
+
+/// The character of that glyph and these colours.
+/// @param cell relative to the character's position
+const CharacterBatch::Stamp &CharacterBatch::getStamp(Glyph &glyph, sf::IntRect cell,
+                                                      sf::Color color,
+                                                      sf::Color background) {
+  for (const Stamp &stamp : glyph.stamps)
+    if (stamp.color == color && stamp.background == background)
+      return stamp;
+  Stamp stamp{color, background, {}};
+  for (int y = cell.position.y; y < cell.position.y + cell.size.y; y++)
+    for (int x = cell.position.x; x < cell.position.x + cell.size.x; x++)
+      stamp.pixels.push_back(
+          blend(toPixel(background), toPixel(color), glyph.opacityAt({x, y})));
+  return glyph.stamps.emplace_back(std::move(stamp));
+}
+
+void CharacterBatch::copy(const Stamp &stamp, sf::IntRect cell) {
+  const sf::IntRect seen = clip(cell, target_size);
+  const sf::Vector2i skipped = seen.position - cell.position;
+  for (int y = 0; y < seen.size.y; y++)
+    std::copy_n(stamp.pixels.begin() + (skipped.y + y) * cell.size.x + skipped.x,
+                seen.size.x, pixelAt(seen.position.x, seen.position.y + y));
+}
+
+/// Paints the ink that a character at `position` has in the row `y` of the picture, from
+/// `left` up to but not including `right`.
+void CharacterBatch::blendRow(const Glyph &glyph, sf::Vector2i position, sf::Color color,
+                              int y, int left, int right) {
+  if (y < 0 || y >= target_size.y)
+    return;
+  for (int x = std::max(left, 0); x < std::min(right, target_size.x); x++) {
+    auto pixel = pixelAt(x, y);
+    *pixel =
+        blend(*pixel, toPixel(color), glyph.opacityAt(sf::Vector2i(x, y) - position));
+  }
+}
+
+std::uint8_t CharacterBatch::Glyph::opacityAt(sf::Vector2i pixel) const {
+  if (!area.contains(pixel))
+    return 0;
+  const sf::Vector2i place = pixel - area.position;
+  return opacity[static_cast<std::size_t>(place.y * area.size.x + place.x)];
 }
 
 void CharacterBatch::addBackground(sf::FloatRect area, sf::Color color) {
@@ -246,14 +303,39 @@ void CharacterBatch::addGlyph(sf::Vector2f position, const Glyph &glyph,
   if (!isVisible(area))
     return;
   const sf::FloatRect texels(glyph.glyph.textureRect);
-  addQuad(vertices, area,
-          sf::FloatRect(texels.position - padding, texels.size + 2.f * padding), color);
   // Between pixels, ink spreads to all pixels whose centre is less than one away.
   const sf::FloatRect ink(glyph.area);
   const sf::Vector2f spread(0.5f, 0.5f);
-  const sf::IntRect touched =
-      touchedPixels({position + ink.position - spread, ink.size + 2.f * spread});
-  covered.insert(touched);
+  last_glyph = {
+      area,
+      {texels.position - padding, texels.size + 2.f * padding},
+      color,
+      touchedPixels({position + ink.position - spread, ink.size + 2.f * spread})};
+}
+
+/// Adds the triangles of the last glyph. Bold glyphs reach into the cell to their right,
+/// whose background hides that at once: cut off, it cannot make that character one on top
+/// of triangles, too, and so on to the end of the line. A step of play in which insects
+/// fly under a panel needs a third of the triangles.
+void CharacterBatch::addLastGlyph(sf::FloatRect next_background) {
+  if (!last_glyph)
+    return;
+  GlyphQuad quad = *last_glyph;
+  last_glyph.reset();
+  const sf::Vector2i end = quad.touched.position + quad.touched.size;
+  const sf::IntRect hidden = filledPixels(next_background, -ROUNDING);
+  const sf::Vector2i hidden_end = hidden.position + hidden.size;
+  const bool is_cut = quad.touched.position.x < hidden.position.x &&
+                      end.x > hidden.position.x && end.x <= hidden_end.x &&
+                      quad.touched.position.y >= hidden.position.y &&
+                      end.y <= hidden_end.y;
+  if (is_cut) {
+    quad.touched.size.x = hidden.position.x - quad.touched.position.x;
+    quad.area.size.x = next_background.position.x - quad.area.position.x;
+    quad.texels.size.x = quad.area.size.x; // a texel for each pixel
+  }
+  addQuad(vertices, quad.area, quad.texels, quad.color);
+  covered.insert(quad.touched);
 }
 
 void CharacterBatch::addQuad(std::vector<sf::Vertex> &triangles, sf::FloatRect area,
@@ -278,8 +360,8 @@ bool CharacterBatch::isVisible(sf::FloatRect area) const {
 }
 
 /// @return null for a character that shows nothing
-const CharacterBatch::Glyph *CharacterBatch::getGlyph(char ch, unsigned size,
-                                                      const sf::Font *p_font) {
+CharacterBatch::Glyph *CharacterBatch::getGlyph(char ch, unsigned size,
+                                                const sf::Font *p_font) {
   if (!p_font || isControl(ch))
     return nullptr;
   if (p_font != p_glyph_font || size != glyph_size) {

@@ -49,14 +49,32 @@ public:
   void release();
 
 private:
-  /// A glyph, and the opacity of its ink, when it stands on whole pixels.
+  /// A character on whole pixels as it is painted into its cell.
+  struct Stamp {
+    sf::Color color, background;
+    std::vector<std::uint32_t> pixels; ///< of the cell, row by row
+  };
+
+  /// A glyph, and the opacity of its ink when it stands on whole pixels.
   struct Glyph {
     sf::Glyph glyph;
     sf::IntRect area;                  ///< of ink, relative to the character's position
-    std::vector<std::uint8_t> opacity; ///< row by row; 255 covers
+    std::vector<std::uint8_t> opacity; ///< of this area, row by row; 255 covers
+    std::vector<Stamp> stamps;         ///< one for each pair of colours seen so far
+
+    /// @param pixel relative to the character's position, anywhere
+    std::uint8_t opacityAt(sf::Vector2i pixel) const;
   };
 
-  const Glyph *getGlyph(char ch, unsigned size, const sf::Font *p_font);
+  /// A glyph of the font as triangles.
+  struct GlyphQuad {
+    sf::FloatRect area;   ///< pixels
+    sf::FloatRect texels; ///< in the font's texture
+    sf::Color color;
+    sf::IntRect touched; ///< pixels that get ink
+  };
+
+  Glyph *getGlyph(char ch, unsigned size, const sf::Font *p_font);
   void loadGlyphs(const sf::Font &font);
   Glyph loadGlyph(char ch, const sf::Font &font, const sf::Image &texture) const;
 
@@ -64,12 +82,18 @@ private:
   /// hold everything painted.
   template <class Visit> void forEachPaintedRun(Visit visit) const;
 
-  auto pixelAt(int x, int y) { return picture.begin() + y * target_size.x + x; }
+  auto pixelAt(int x, int y) { return picture.begin() + y * stride + x; }
   void fill(sf::IntRect area, sf::Color color);
-  void paint(sf::IntRect background_area, sf::Color background, sf::Vector2i position,
-             const Glyph *p_glyph, sf::Color color);
+  void paint(sf::IntRect cell, sf::Color background, sf::Vector2i position,
+             Glyph *p_glyph, sf::Color color);
+  const Stamp &getStamp(Glyph &glyph, sf::IntRect cell, sf::Color color,
+                        sf::Color background);
+  void copy(const Stamp &stamp, sf::IntRect cell);
+  void blendRow(const Glyph &glyph, sf::Vector2i position, sf::Color color, int y,
+                int left, int right);
   void addBackground(sf::FloatRect area, sf::Color color);
   void addGlyph(sf::Vector2f position, const Glyph &glyph, sf::Color color);
+  void addLastGlyph(sf::FloatRect next_background);
   void addQuad(std::vector<sf::Vertex> &triangles, sf::FloatRect area,
                sf::FloatRect texture_area, sf::Color color);
   void drawPicture(sf::RenderTarget &target);
@@ -79,13 +103,15 @@ private:
   sf::Color clear_color;
   bool is_shared = false;
 
+  int stride = 0;                     ///< pixels from a row of the picture to the next
   std::vector<std::uint32_t> picture; ///< red, green, blue, alpha bytes; row by row
   PixelSet painted; ///< where the picture may differ from the clear colour
   std::optional<sf::Texture> texture;       ///< of the picture
   std::vector<sf::Vertex> picture_vertices; ///< kept for its memory only
 
-  std::vector<sf::Vertex> vertices; ///< triangles on top of the picture, not yet drawn
-  PixelSet covered;                 ///< touched by these triangles
+  std::vector<sf::Vertex> vertices;    ///< triangles on top of the picture, not yet drawn
+  std::optional<GlyphQuad> last_glyph; ///< not yet among them
+  PixelSet covered;                    ///< touched by these triangles
 
   const sf::Font *p_glyph_font = nullptr; ///< not owned
   unsigned glyph_size = 0;                ///< character size of `glyphs`, pixels

@@ -14,10 +14,12 @@ constexpr std::uint64_t ALL = ~std::uint64_t{0};
 void PixelSet::reset(sf::Vector2i new_size) {
   size = new_size;
   const int columns = (size.x + WORD_PIXELS - 1) / WORD_PIXELS;
+  is_empty = true;
   words.assign(static_cast<std::size_t>(columns * size.y), 0);
 }
 
 void PixelSet::insert(sf::IntRect area) {
+  is_empty = false;
   forEachColumn(area, [this](std::size_t first, std::size_t end, std::uint64_t mask) {
     for (std::size_t i = first; i < end; i++)
       words[i] |= mask;
@@ -32,6 +34,8 @@ void PixelSet::remove(sf::IntRect area) {
 }
 
 bool PixelSet::intersects(sf::IntRect area) const {
+  if (is_empty)
+    return false;
   std::uint64_t found = 0;
   forEachColumn(area,
                 [this, &found](std::size_t first, std::size_t end, std::uint64_t mask) {

@@ -28,6 +28,7 @@ private:
   template <class Visit> void forEachColumn(sf::IntRect area, Visit visit) const;
 
   sf::Vector2i size;
+  bool is_empty = true; ///< for certain
 
   /// 64 pixels of a row in a word; below it in the picture, next to it in memory: an
   /// area's words are then few runs, which the compiler handles several at a time. Full
