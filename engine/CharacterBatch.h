@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace gw {
@@ -31,12 +32,13 @@ public:
   /// `color`. What was collected before is dropped.
   void clear(sf::Vector2u size, sf::Color color);
 
-  /// Adds a character of `cell` pixels, its glyph at `position` (pixels). Outside
-  /// the target nothing is added.
-  /// @param p_font of the glyph; null leaves the glyph out. It must stay the same
-  /// and stay alive until `release`.
-  void add(sf::Vector2f position, sf::Vector2f cell, char ch, sf::Color color,
-           sf::Color background, const sf::Font *p_font);
+  /// Adds characters side by side, each of `cell` pixels: the glyph of the first one
+  /// `first` cells to the right of `origin` (pixels). Outside the target nothing is
+  /// added.
+  /// @param p_font of the glyphs; null leaves glyphs out. It must stay the same and stay
+  /// alive until `release`.
+  void addRow(sf::Vector2f origin, int first, std::string_view row, sf::Vector2f cell,
+              sf::Color color, sf::Color background, const sf::Font *p_font);
 
   /// Draws what was collected since the last call.
   void draw(sf::RenderTarget &target);
@@ -74,6 +76,10 @@ private:
     sf::IntRect touched; ///< pixels that get ink
   };
 
+  void add(sf::Vector2f position, sf::Vector2f cell, char ch, sf::Color color,
+           sf::Color background, const sf::Font *p_font);
+  bool areBlanksUnseen(sf::FloatRect area);
+  bool isUntouched(sf::IntRect area) const;
   Glyph *getGlyph(char ch, unsigned size, const sf::Font *p_font);
   void loadGlyphs(const sf::Font &font);
   Glyph loadGlyph(char ch, const sf::Font &font, const sf::Image &texture) const;

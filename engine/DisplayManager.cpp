@@ -77,6 +77,11 @@ std::optional<sf::Event> DisplayManager::pollEvent() {
   return p_window ? p_window->pollEvent() : std::nullopt;
 }
 
+void DisplayManager::setKeyRepeatEnabled(bool is_enabled) {
+  if (p_window)
+    p_window->setKeyRepeatEnabled(is_enabled);
+}
+
 sf::Color DisplayManager::mapGlidewingColorToSFMLColor(Color color) const {
   switch (color) {
   case BLACK:
@@ -114,30 +119,33 @@ int DisplayManager::setBackgroundColor(Color new_color) {
 }
 
 int DisplayManager::drawCh(Vector world_pos, char ch, Color color) const {
-  if (!p_window)
-    return -1;
-  if (!isGlidewingColorValid(color))
-    LogManager::getInstance().writeLog(
-        WARNING, "Invalid color provided. Using default glidewing color for character.");
-  const sf::Vector2f cell(charWidth(), charHeight());
-  batch.add({world_pos.getX() * cell.x, world_pos.getY() * cell.y}, cell, ch,
-            mapGlidewingColorToSFMLColor(color), window_background_color,
-            has_font ? &font : nullptr);
-  return 0;
+  return drawRow(world_pos, 0, std::string_view(&ch, 1), color);
 }
 
 int DisplayManager::drawString(Vector world_pos, std::string str, Justification just,
                                Color color) const {
-  if (!p_window)
-    return -1;
   const auto length = static_cast<float>(str.size());
   float x = world_pos.getX();
   if (just == CENTER_JUSTIFIED)
     x -= length * 0.5f;
   else if (just == RIGHT_JUSTIFIED)
     x -= length;
-  for (std::size_t i = 0; i < str.size(); i++)
-    drawCh(Vector(x + static_cast<float>(i), world_pos.getY()), str[i], color);
+  return drawRow(Vector(x, world_pos.getY()), 0, str, color);
+}
+
+int DisplayManager::drawRow(Vector world_pos, int first, std::string_view row,
+                            Color color) const {
+  if (!p_window)
+    return -1;
+  if (!isGlidewingColorValid(color))
+    for (std::size_t i = 0; i < row.size(); i++)
+      LogManager::getInstance().writeLog(
+          WARNING,
+          "Invalid color provided. Using default glidewing color for character.");
+  const sf::Vector2f cell(charWidth(), charHeight());
+  batch.addRow({world_pos.getX() * cell.x, world_pos.getY() * cell.y}, first, row, cell,
+               mapGlidewingColorToSFMLColor(color), window_background_color,
+               has_font ? &font : nullptr);
   return 0;
 }
 

@@ -8,6 +8,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace gw {
 
@@ -68,13 +69,17 @@ public:
   void shutDown() override;
 
   /// The window, with all drawing done so far in it; stays this manager's. Null
-  /// before start-up and after shut-down.
+  /// before start-up and after shut-down. Somebody may draw on it now, which makes the
+  /// rest of this frame slower: what needs no drawing has functions of its own.
   sf::RenderWindow *getWindow() const;
 
   bool hasWindow() const { return p_window != nullptr; }
 
   /// The window's next pending event; nothing when there is none, or no window.
   std::optional<sf::Event> pollEvent();
+
+  /// Whether a key that is held goes on sending presses. Nothing without a window.
+  void setKeyRepeatEnabled(bool is_enabled);
 
   int getHorizontal() const { return window_horizontal_chars; } ///< columns of cells
   int getVertical() const { return window_vertical_chars; }     ///< rows of cells
@@ -95,6 +100,10 @@ public:
   int drawCh(Vector world_pos, char ch, Color color) const;
   int drawString(Vector world_pos, std::string str, Justification just,
                  Color color) const;
+
+  /// The same for a row of a picture, whose first character is `first` cells to the
+  /// right of `world_pos`. All others draw through this.
+  int drawRow(Vector world_pos, int first, std::string_view row, Color color) const;
 
   /// Shows what was drawn and clears for the next frame.
   /// @return 0, or -1 without a window

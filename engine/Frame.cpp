@@ -2,6 +2,8 @@
 
 #include "LogManager.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace gw {
@@ -21,14 +23,14 @@ int Frame::draw(Vector position, Color color) const {
     return 0;
   const int x_off = width / 2;
   const int y_off = height / 2;
-  for (int y = 0; y < height; y++)
-    for (int x = 0; x < width; x++) {
-      const Vector cell(position.getX() + static_cast<float>(x - x_off),
-                        position.getY() + static_cast<float>(y - y_off));
-      const auto index = static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
-                         static_cast<std::size_t>(x);
-      display.drawCh(cell, frame_str[index], color);
-    }
+  const auto row_length = static_cast<std::size_t>(std::max(width, 0));
+  std::string_view rest = frame_str;
+  for (int y = 0; y < height; y++) {
+    const Vector row_pos(position.getX(),
+                         position.getY() + static_cast<float>(y - y_off));
+    display.drawRow(row_pos, -x_off, rest.substr(0, row_length), color);
+    rest.remove_prefix(std::min(row_length, rest.size()));
+  }
   return 0;
 }
 

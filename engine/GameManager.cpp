@@ -41,7 +41,7 @@ int GameManager::startUp() {
   }
   log.startUp();
   DisplayManager::getInstance().startUp();
-  if (!DisplayManager::getInstance().getWindow())
+  if (!DisplayManager::getInstance().hasWindow())
     return -1;
   InputManager::getInstance().startUp();
   ResourceManager::getInstance().startUp();

@@ -54,13 +54,13 @@ int InputManager::startUp() {
     log.writeLog(INFO, "InputManager is already started.");
     return 0;
   }
-  const DisplayManager &display = DisplayManager::getInstance();
+  DisplayManager &display = DisplayManager::getInstance();
   if (!display.isStarted()) {
     log.writeLog(WARNING, "DisplayManager is not started. Starting up InputManager "
                           "requires DisplayManager to be started.");
     return -1;
   }
-  display.getWindow()->setKeyRepeatEnabled(false);
+  display.setKeyRepeatEnabled(false);
   Manager::startUp();
   log.writeLog(INFO, "InputManager is started up.");
   return 0;
@@ -73,8 +73,7 @@ void InputManager::shutDown() {
     return;
   }
   log.writeLog(INFO, "InputManager is shutting down.");
-  if (sf::RenderWindow *p_window = DisplayManager::getInstance().getWindow())
-    p_window->setKeyRepeatEnabled(true);
+  DisplayManager::getInstance().setKeyRepeatEnabled(true);
   Manager::shutDown();
 }
 
