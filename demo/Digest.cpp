@@ -22,7 +22,7 @@ public:
   void add(int value) { addBits(static_cast<std::uint32_t>(value)); }
 
   void add(float value) {
-    std::uint32_t bits;
+    std::uint32_t bits = 0;
     static_assert(sizeof bits == sizeof value);
     std::memcpy(&bits, &value, sizeof bits);
     addBits(bits);

@@ -81,7 +81,7 @@ private:
     if (kind == KINDS.size())
       return "unknown event \"" + words[1] + "\"";
     event.kind = static_cast<InputEvent::Kind>(kind);
-    const std::string reason = takeDetails(words, event);
+    std::string reason = takeDetails(words, event);
     if (reason.empty()) {
       recording.events.push_back(event);
       recording.steps = event.step + 1;

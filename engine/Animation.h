@@ -14,23 +14,23 @@ class Sprite;
 /// must stay loaded for as long as an animation shows it.
 class Animation {
 public:
-  /// Shows that sprite from its first frame on; null shows nothing.
+  /// Shows that sprite from its first frame on; null shows nothing. @{
   void setSprite(Sprite *p_new_sprite);
-  Sprite *getSprite() const { return sprite; }
+  Sprite *getSprite() const { return sprite; } ///@}
 
   /// Renames the sprite itself, for everybody who uses it. Without a sprite: a
-  /// WARNING, and nothing changes.
+  /// WARNING, and nothing changes. @{
   void setSpriteLabel(std::string new_label);
-  std::string getSpriteLabel() const { return sprite_label; }
+  std::string getSpriteLabel() const { return sprite_label; } ///@}
 
   /// The frame to show next. Outside the sprite's frames (there are none without
-  /// a sprite): a WARNING, and nothing changes.
+  /// a sprite): a WARNING, and nothing changes. @{
   void setFrameIndex(int new_index);
-  int getFrameIndex() const { return index; }
+  int getFrameIndex() const { return index; } ///@}
 
-  /// Draw calls already spent on the current frame.
+  /// Draw calls already spent on the current frame. @{
   void setSlowdownCount(int new_count) { slowdown_count = new_count; }
-  int getSlowdownCount() const { return slowdown_count; }
+  int getSlowdownCount() const { return slowdown_count; } ///@}
 
   /// The sprite's extent in cells, centred on (0, 0). Without a sprite: a
   /// WARNING and the unit box.

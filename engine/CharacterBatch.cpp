@@ -89,7 +89,7 @@ sf::IntRect findInk(const sf::Image &image, sf::IntRect area) {
 
 std::uint32_t toPixel(sf::Color color) {
   const std::uint8_t bytes[] = {color.r, color.g, color.b, color.a};
-  std::uint32_t pixel;
+  std::uint32_t pixel = 0;
   std::memcpy(&pixel, bytes, sizeof pixel);
   return pixel;
 }

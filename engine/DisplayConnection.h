@@ -9,8 +9,12 @@ namespace gw {
 /// from such a server (X11), all is well.
 class DisplayConnection {
 public:
+  /// Connects; whether it worked is for `canOpenWindow` to say.
   DisplayConnection();
+
+  /// Disconnects.
   ~DisplayConnection();
+
   DisplayConnection(const DisplayConnection &) = delete;
   DisplayConnection &operator=(const DisplayConnection &) = delete;
 

@@ -12,27 +12,30 @@
 
 namespace gw {
 
+/// What the window's frame says.
 inline const std::string WINDOW_TITLE_DEFAULT = "Glidewing";
 
 /// A TrueType font in the working directory. A fixed-width one whose characters
 /// are half as wide as the character size keeps the grid even.
 inline const std::string FONT_FILE_DEFAULT = "gw-font.ttf";
 
+/// The size of the window, in cells and in pixels. A cell is their quotient. @{
 constexpr int WINDOW_HORIZONTAL_CHARS_DEFAULT = 128;
 constexpr int WINDOW_VERTICAL_CHARS_DEFAULT = 48;
 constexpr int WINDOW_HORIZONTAL_PIXELS_DEFAULT = 1024;
 constexpr int WINDOW_VERTICAL_PIXELS_DEFAULT = 768;
+///@}
 
-/// The colours; sprite files name them in lower case.
+/// The colours, as red, green and blue; sprite files name them in lower case.
 enum Color : int {
-  BLACK = 0,
-  RED = 1,
-  GREEN = 2,
-  YELLOW = 3,
-  BLUE = 4,
-  MAGENTA = 5,
-  CYAN = 6,
-  WHITE = 7,
+  BLACK = 0,   ///< 0, 0, 0
+  RED = 1,     ///< 255, 0, 0
+  GREEN = 2,   ///< 0, 255, 0
+  YELLOW = 3,  ///< 255, 255, 0
+  BLUE = 4,    ///< 0, 0, 255
+  MAGENTA = 5, ///< 255, 0, 255
+  CYAN = 6,    ///< 0, 255, 255
+  WHITE = 7,   ///< 255, 255, 255
 };
 
 /// Stands in for an invalid colour, and is what a new sprite has.
@@ -56,6 +59,7 @@ enum Justification : int {
 /// out.
 class DisplayManager : public Manager {
 public:
+  /// The only one.
   static DisplayManager &getInstance();
 
   /// Opens the window, hides the mouse pointer, loads the font.
@@ -73,6 +77,7 @@ public:
   /// rest of this frame slower: what needs no drawing has functions of its own.
   sf::RenderWindow *getWindow() const;
 
+  /// Whether the window is open. Unlike `getWindow`, asking costs nothing.
   bool hasWindow() const { return p_window != nullptr; }
 
   /// The window's next pending event; nothing when there is none, or no window.
@@ -83,10 +88,13 @@ public:
 
   int getHorizontal() const { return window_horizontal_chars; } ///< columns of cells
   int getVertical() const { return window_vertical_chars; }     ///< rows of cells
-  int getHorizontalPixels() const { return window_horizontal_pixels; }
-  int getVerticalPixels() const { return window_vertical_pixels; }
+  int getHorizontalPixels() const { return window_horizontal_pixels; } ///< width
+  int getVerticalPixels() const { return window_vertical_pixels; }     ///< height
 
+  /// The window library's colour; white for an invalid one.
   sf::Color mapGlidewingColorToSFMLColor(Color color) const;
+
+  /// Whether it is one of the eight, and not some other number.
   bool isGlidewingColorValid(Color color) const;
 
   /// The colour that the next `swapBuffers` clears to and that characters have
@@ -96,10 +104,10 @@ public:
 
   /// Draws one character, or a string of them side by side, at `world_pos`
   /// (cells). An invalid colour draws in white, with a WARNING.
-  /// @return 0, or -1 without a window
+  /// @return 0, or -1 without a window @{
   int drawCh(Vector world_pos, char ch, Color color) const;
   int drawString(Vector world_pos, std::string str, Justification just,
-                 Color color) const;
+                 Color color) const; ///@}
 
   /// The same for a row of a picture, whose first character is `first` cells to the
   /// right of `world_pos`. All others draw through this.
@@ -128,12 +136,12 @@ private:
   mutable CharacterBatch batch; ///< drawn, but not yet in the window
 };
 
-/// Width and height of a cell in pixels.
+/// Width and height of a cell in pixels. @{
 float charWidth();
-float charHeight();
+float charHeight(); ///@}
 
-/// Cells to pixels and back.
+/// Cells to pixels and back. @{
 Vector spacesToPixels(Vector spaces);
-Vector pixelsToSpaces(Vector pixels);
+Vector pixelsToSpaces(Vector pixels); ///@}
 
 } // namespace gw

@@ -4,6 +4,7 @@
 
 namespace gw {
 
+/// The type of an event that was given none.
 inline const std::string UNDEFINED_EVENT = "gw::undefined";
 
 /// Base of all events. An event is a short-lived record: its sender builds it,
@@ -14,8 +15,9 @@ public:
   Event() = default;
   virtual ~Event() = default;
 
+  /// What handlers tell events apart by. @{
   void setType(std::string new_type) { type = new_type; }
-  std::string getType() const { return type; }
+  std::string getType() const { return type; } ///@}
 
 private:
   std::string type = UNDEFINED_EVENT;

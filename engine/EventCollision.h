@@ -7,26 +7,28 @@ namespace gw {
 
 class Object;
 
+/// The type of an `EventCollision`.
 inline const std::string COLLISION_EVENT = "gw::collision";
 
 /// One object runs into another: the mover hears it first, then the other, the
 /// same record.
 class EventCollision : public Event {
 public:
+  /// Without arguments: no objects, position (0, 0). @{
   EventCollision();
-  EventCollision(Object *p_o1, Object *p_o2, Vector p);
+  EventCollision(Object *p_o1, Object *p_o2, Vector p); ///@}
 
-  /// The object that is moving; not owned.
+  /// The object that is moving; not owned. @{
   void setObject1(Object *p_o) { object1 = p_o; }
-  Object *getObject1() const { return object1; }
+  Object *getObject1() const { return object1; } ///@}
 
-  /// The object that it runs into; not owned.
+  /// The object that it runs into; not owned. @{
   void setObject2(Object *p_o) { object2 = p_o; }
-  Object *getObject2() const { return object2; }
+  Object *getObject2() const { return object2; } ///@}
 
-  /// Where the mover is trying to go, in cells.
+  /// Where the mover is trying to go, in cells. @{
   void setPosition(Vector new_position) { position = new_position; }
-  Vector getPosition() const { return position; }
+  Vector getPosition() const { return position; } ///@}
 
 private:
   Vector position;

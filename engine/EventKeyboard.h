@@ -4,13 +4,16 @@
 
 namespace gw {
 
+/// The type of an `EventKeyboard`.
 inline const std::string KEYBOARD_EVENT = "gw::keyboard";
 
+/// Keeps the names of the keys apart from others.
 namespace Keyboard {
 
 /// The engine's keys. `InputManager` maps the window library's codes to them.
 enum Key : int {
-  UNDEFINED_KEY = -1,
+  UNDEFINED_KEY = -1, ///< one that the engine does not know
+  /// The key with that name or sign on it. @{
   ESCAPE,
   F1,
   F2,
@@ -78,26 +81,32 @@ enum Key : int {
   UP_ARROW,
   DOWN_ARROW,
   PAUSE,
+  ///@}
 };
 
 } // namespace Keyboard
 
+/// What the key did.
 enum EventKeyboardAction : int {
-  UNDEFINED_KEYBOARD_ACTION = -1,
-  KEY_PRESSED = 0,
-  KEY_RELEASED = 1,
+  UNDEFINED_KEYBOARD_ACTION = -1, ///< of an event that was given none
+  KEY_PRESSED = 0,                ///< went down
+  KEY_RELEASED = 1,               ///< came up
 };
 
 /// A key went down or came up; every object hears it. A held key is one press.
 class EventKeyboard : public Event {
 public:
+  /// Of no key, and nothing done with it.
   EventKeyboard();
 
+  /// Which key it is. @{
   void setKey(Keyboard::Key new_key) { key = new_key; }
-  Keyboard::Key getKey() const { return key; }
+  Keyboard::Key getKey() const { return key; } ///@}
 
+  /// What was done with it. @{
   void setKeyboardAction(EventKeyboardAction new_action) { keyboard_action = new_action; }
   EventKeyboardAction getKeyboardAction() const { return keyboard_action; }
+  ///@}
 
 private:
   Keyboard::Key key = Keyboard::UNDEFINED_KEY;

@@ -13,15 +13,21 @@ namespace gw {
 /// resource manager checks every row that it reads.
 class Frame {
 public:
+  /// Without arguments: empty. @{
   Frame() = default;
-  Frame(int new_width, int new_height, std::string new_frame_str);
+  Frame(int new_width, int new_height, std::string new_frame_str); ///@}
 
-  void setWidth(int new_width) { width = new_width; } ///< characters per row
-  int getWidth() const { return width; }
-  void setHeight(int new_height) { height = new_height; } ///< rows
-  int getHeight() const { return height; }
+  /// Characters per row. @{
+  void setWidth(int new_width) { width = new_width; }
+  int getWidth() const { return width; } ///@}
+
+  /// Rows. @{
+  void setHeight(int new_height) { height = new_height; }
+  int getHeight() const { return height; } ///@}
+
+  /// All characters, row by row. @{
   void setString(std::string new_frame_str) { frame_str = new_frame_str; }
-  std::string getString() const { return frame_str; }
+  std::string getString() const { return frame_str; } ///@}
 
   /// Draws all characters, blanks included, row by row. An odd size is centred
   /// exactly on `position` (cells); an even one has one more column on the left

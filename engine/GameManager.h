@@ -2,6 +2,8 @@
 
 #include "Manager.h"
 
+/// Glidewing, the engine. A game starts `GameManager`, creates its objects, derived
+/// from `Object`, and lets the game manager run.
 namespace gw {
 
 /// Length of one step of the game loop, in milliseconds. All game timing counts
@@ -12,6 +14,7 @@ constexpr int FRAME_TIME_DEFAULT = 33;
 /// loop on the calling thread until something sets the game-over flag.
 class GameManager : public Manager {
 public:
+  /// The only one.
   static GameManager &getInstance();
 
   /// Starts log, display, input, resources and world, in this order. A manager
@@ -36,13 +39,14 @@ public:
   /// negative
   long long runStep(long long adjust_time);
 
+  /// Whether `run` ends with the current step. @{
   void setGameOver(bool new_game_over) { game_over = new_game_over; }
-  bool getGameOver() const { return game_over; }
+  bool getGameOver() const { return game_over; } ///@}
 
   /// Completed steps since the process began.
   int getStepCount() const { return step_count; }
 
-  /// Milliseconds.
+  /// Length of a step, in milliseconds.
   int getFrameTime() const { return frame_time; }
 
 private:

@@ -13,6 +13,7 @@ namespace gw {
 /// manager and stops before it.
 class InputManager : public Manager {
 public:
+  /// The only one.
   static InputManager &getInstance();
 
   /// Turns key repeat off. @return 0, also when already started; -1 with a
@@ -33,11 +34,13 @@ public:
   void postEvent(const sf::Event &event) const;
 
   /// The engine's key or button for one of the window library's; undefined for
-  /// those that the engine does not know, whatever the code.
+  /// those that the engine does not know, whatever the code. @{
   Keyboard::Key mapSFMLKeyToGlidewingKey(sf::Keyboard::Key key) const;
+  Mouse::Button mapSFMLButtonToGlidewingButton(sf::Mouse::Button button) const; ///@}
+
+  /// Whether the engine knows that key or button. @{
   bool isSFMLKeyValid(sf::Keyboard::Key key) const;
-  Mouse::Button mapSFMLButtonToGlidewingButton(sf::Mouse::Button button) const;
-  bool isSFMLButtonValid(sf::Mouse::Button button) const;
+  bool isSFMLButtonValid(sf::Mouse::Button button) const; ///@}
 
 private:
   InputManager();

@@ -6,6 +6,11 @@
 #include <cstdio>
 #include <string>
 
+/// @file
+
+/// @def GW_PRINTF
+/// Has the compiler check calls of a printf-style function: the places of its format
+/// and of the first value in the list of parameters, counted from 1 (`this`).
 #if defined(__GNUC__)
 #define GW_PRINTF(format_index, first_argument)                                          \
   __attribute__((format(printf, format_index, first_argument)))
@@ -20,12 +25,12 @@ inline const std::string LOGFILE_NAME = "glidewing.log";
 
 /// How much a line matters: the lower, the more.
 enum LogLevel : int {
-  CRITICAL = 0,
-  ERROR = 1,
-  WARNING = 2,
-  INFO = 3,
-  DEBUG = 4,
-  ALL = 5,
+  CRITICAL = 0, ///< the program cannot go on
+  ERROR = 1,    ///< something failed
+  WARNING = 2,  ///< something was refused, or done without
+  INFO = 3,     ///< what happens
+  DEBUG = 4,    ///< for whoever looks for a fault
+  ALL = 5,      ///< what names no level; left out unless asked for
 };
 
 /// Writes the diagnostic lines of engine and game, each with the time of day
@@ -34,7 +39,10 @@ enum LogLevel : int {
 /// standard error stream with an explanation.
 class LogManager : public Manager {
 public:
+  /// The only one.
   static LogManager &getInstance();
+
+  /// Closes the file, where nobody shut the log down.
   ~LogManager() override;
 
   /// Opens (and empties) the log file. @return 0, also when already started;
@@ -48,18 +56,18 @@ public:
   /// that wrote it returns: it survives the death of the process.
   void setFlush(bool new_do_flush) { do_flush = new_do_flush; }
 
-  /// Lines above this level are left out.
+  /// Lines above this level are left out. @{
   void setLogLevel(LogLevel level) { log_level = level; }
-  LogLevel getLogLevel() const { return log_level; }
+  LogLevel getLogLevel() const { return log_level; } ///@}
 
   /// The tag written for a level; "UNKNOWN" for anything that is not one.
   std::string getLogLevelString(LogLevel level);
 
   /// Writes one line, printf-style. The level-less form writes at `ALL`.
   /// @return the number of characters of the message, 0 when the level is left
-  /// out, -1 when not started
+  /// out, -1 when not started @{
   int writeLog(LogLevel level, const char *fmt, ...) GW_PRINTF(3, 4);
-  int writeLog(const char *fmt, ...) GW_PRINTF(2, 3);
+  int writeLog(const char *fmt, ...) GW_PRINTF(2, 3); ///@}
 
   /// The same with a ready argument list. Only to be called while started.
   int vwriteLog(LogLevel level, const char *fmt, va_list args);

@@ -23,9 +23,12 @@ public:
   /// Marks the manager not started.
   virtual void shutDown();
 
+  /// Between a start-up that succeeded and the shut-down.
   bool isStarted() const { return is_started; }
+
+  /// The name that the log has for it. @{
   void setType(std::string new_type) { type = new_type; }
-  std::string getType() const { return type; }
+  std::string getType() const { return type; } ///@}
 
   /// Hands the event to every object in the world, in list order, before it
   /// returns. Works on a copy of the list: an object created meanwhile does not

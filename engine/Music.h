@@ -17,14 +17,21 @@ public:
   /// Opens the file as a stream. @return 0, or -1 with a WARNING
   int loadMusic(std::string filename);
 
+  /// The name that it is looked up by. @{
   void setLabel(std::string new_label) { label = new_label; }
-  std::string getLabel() const { return label; }
+  std::string getLabel() const { return label; } ///@}
 
   /// The stream itself; stays this object's.
   sf::Music *getMusic() { return &music; }
 
+  /// Goes on after a pause, else starts from the beginning, even when it is still
+  /// playing. Like `stop` and `pause` it does nothing before a file was loaded.
   void play(bool loop);
+
+  /// Ends it.
   void stop();
+
+  /// Halts it.
   void pause();
 
 private:

@@ -45,46 +45,48 @@ public:
   /// @return 0, or -1 when it could not (no sprite)
   virtual int draw();
 
-  /// Unique in the process unless set by hand: 0, 1, 2 … in order of creation.
+  /// Unique in the process unless set by hand: 0, 1, 2 … in order of creation. @{
   void setId(int new_id) { id = new_id; }
-  int getId() const { return id; }
+  int getId() const { return id; } ///@}
 
-  /// The name by which others look for objects of this kind.
+  /// The name by which others look for objects of this kind. @{
   void setType(std::string new_type) { type = new_type; }
-  std::string getType() const { return type; }
+  std::string getType() const { return type; } ///@}
 
-  /// In cells. Setting it is not a move: no collision, no bounds, no events.
+  /// In cells. Setting it is not a move: no collision, no bounds, no events. @{
   void setPosition(Vector new_position);
-  Vector getPosition() const { return position; }
+  Vector getPosition() const { return position; } ///@}
 
-  /// Stored with length 1 (a zero vector stays zero); the speed is unchanged.
+  /// Stored with length 1 (a zero vector stays zero); the speed is unchanged. @{
   void setDirection(Vector new_direction);
-  Vector getDirection() const { return direction; }
+  Vector getDirection() const { return direction; } ///@}
 
-  /// Cells per step; a negative speed reverses the motion.
+  /// Cells per step; a negative speed reverses the motion. @{
   void setSpeed(float new_speed) { speed = new_speed; }
-  float getSpeed() const { return speed; }
+  float getSpeed() const { return speed; } ///@}
 
-  /// Direction and speed in one, in cells per step.
+  /// Direction and speed in one, in cells per step. @{
   void setVelocity(Vector new_velocity);
-  Vector getVelocity() const;
+  Vector getVelocity() const; ///@}
 
   /// Where the object will be after one step if nothing stops it.
   Vector predictPosition() const;
 
+  /// Whether collisions concern it at all: not those that `IGNORE` them.
   bool registersCollisions() const { return collision_response != IGNORE; }
 
-  /// @return 0, or -1 for a value that is none (nothing changes)
+  /// @return 0, or -1 for a value that is none (nothing changes) @{
   int setCollisionResponse(CollisionResponse new_response);
-  CollisionResponse getCollisionResponse() const { return collision_response; }
+  CollisionResponse getCollisionResponse() const { return collision_response; } ///@}
 
-  /// @return 0, or -1 outside 0 to `MAX_ALTITUDE` (nothing changes)
+  /// The layer that it is drawn in.
+  /// @return 0, or -1 outside 0 to `MAX_ALTITUDE` (nothing changes) @{
   int setAltitude(int new_altitude);
-  int getAltitude() const { return altitude; }
+  int getAltitude() const { return altitude; } ///@}
 
-  /// Takes a copy, and its box as the object's box.
+  /// Takes a copy, and its box as the object's box. @{
   void setAnimation(Animation new_animation);
-  Animation getAnimation() const { return animation; }
+  Animation getAnimation() const { return animation; } ///@}
 
   /// Shows the loaded sprite with that label from its first frame on and takes
   /// its size as the object's box, centred on the position.
@@ -92,9 +94,9 @@ public:
   /// changes)
   int setSprite(std::string sprite_label);
 
-  /// Extent in cells, relative to the position.
+  /// Extent in cells, relative to the position. @{
   void setBox(Box new_box);
-  Box getBox() const { return box; }
+  Box getBox() const { return box; } ///@}
 
 private:
   friend class WorldManager;

@@ -15,6 +15,7 @@ namespace {
 /// Ends the process when there is no memory, without running destructors: they
 /// might want some, too.
 Object **resize(Object **storage, int capacity) {
+  // NOLINTNEXTLINE(bugprone-sizeof-expression): pointers are what it holds
   const std::size_t bytes = static_cast<std::size_t>(capacity) * sizeof(Object *);
   auto *resized = static_cast<Object **>(std::realloc(storage, bytes));
   if (!resized) {

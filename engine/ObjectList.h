@@ -10,13 +10,17 @@ class Object;
 /// line goes to the standard error stream and the process ends with status 1.
 class ObjectList {
 public:
+  /// Empty, or with the same entries. @{
   ObjectList();
   ObjectList(const ObjectList &other);
-  ObjectList &operator=(const ObjectList &other);
+  ObjectList &operator=(const ObjectList &other); ///@}
+
+  /// The objects stay.
   ~ObjectList();
 
+  /// Entries in the list. @{
   int getCount() const { return count; }
-  bool isEmpty() const { return count == 0; }
+  bool isEmpty() const { return count == 0; } ///@}
 
   /// True when the next insert will have to grow the storage (it doubles).
   bool isFull() const { return count == max_count; }

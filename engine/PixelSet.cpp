@@ -7,7 +7,7 @@ namespace gw {
 namespace {
 
 constexpr int WORD_PIXELS = 64;
-constexpr std::uint64_t ALL = ~std::uint64_t{0};
+constexpr std::uint64_t ALL_BITS = ~std::uint64_t{0};
 
 } // namespace
 
@@ -54,12 +54,14 @@ template <class Visit> void PixelSet::forEachColumn(sf::IntRect area, Visit visi
     return;
   const int first = left / WORD_PIXELS;
   const int last = (right - 1) / WORD_PIXELS;
-  const std::uint64_t from_left = ALL << (left % WORD_PIXELS);
-  const std::uint64_t to_right = ALL >> (WORD_PIXELS - 1 - (right - 1) % WORD_PIXELS);
+  const std::uint64_t from_left = ALL_BITS << (left % WORD_PIXELS);
+  const std::uint64_t to_right =
+      ALL_BITS >> (WORD_PIXELS - 1 - (right - 1) % WORD_PIXELS);
   for (int column = first; column <= last; column++)
     visit(static_cast<std::size_t>(column * size.y + top),
           static_cast<std::size_t>(column * size.y + bottom),
-          (column == first ? from_left : ALL) & (column == last ? to_right : ALL));
+          (column == first ? from_left : ALL_BITS) &
+              (column == last ? to_right : ALL_BITS));
 }
 
 } // namespace gw

@@ -10,10 +10,10 @@
 
 namespace gw {
 
-/// How many of each can be loaded at a time.
+/// How many of each can be loaded at a time. @{
 constexpr int MAX_SPRITES = 500;
 constexpr int MAX_SOUNDS = 50;
-constexpr int MAX_MUSICS = 50;
+constexpr int MAX_MUSICS = 50; ///@}
 
 /// Loads sprites, sounds and music and hands them out by label. Owns all of them
 /// until it is shut down or told to unload one; what it hands out is borrowed.
@@ -22,9 +22,10 @@ constexpr int MAX_MUSICS = 50;
 /// asks for it gets null.
 class ResourceManager : public Manager {
 public:
+  /// The only one.
   static ResourceManager &getInstance();
 
-  /// @return 0
+  /// Always succeeds. @return 0
   int startUp() override;
 
   /// Stops and releases everything. No object may show a sprite any more.
@@ -43,17 +44,17 @@ public:
   /// @return the sprite, borrowed; null with a WARNING when there is none
   Sprite *getSprite(std::string label) const;
 
-  /// As for sprites; the file is one that the audio library can decode.
+  /// As for sprites; the file is one that the audio library can decode. @{
   int loadSound(std::string filename, std::string label);
   int unloadSound(std::string label);
-  Sound *getSound(std::string label);
+  Sound *getSound(std::string label); ///@}
 
   /// As for sounds, but streamed from the file while it plays.
   int loadMusic(std::string filename, std::string label);
 
-  /// As for sprites; the empty label is refused.
+  /// As for sprites; the empty label is refused. @{
   int unloadMusic(std::string label);
-  Music *getMusic(std::string label);
+  Music *getMusic(std::string label); ///@}
 
 private:
   ResourceManager();

@@ -4,8 +4,6 @@
 #include "PlaybackDevice.h"
 #include "utility.h"
 
-#include <utility>
-
 namespace gw {
 
 /// The player goes first: it reads the buffer.
@@ -22,7 +20,7 @@ int Sound::loadSound(std::string filename) {
     return -1;
   }
   p_sound.reset();
-  sound_buffer = std::move(loaded);
+  sound_buffer = loaded;
   p_sound = std::make_unique<sf::Sound>(sound_buffer);
   requirePlaybackDevice();
   return 0;

@@ -21,13 +21,18 @@ public:
   /// @return 0, or -1 with a WARNING (nothing changes)
   int loadSound(std::string filename);
 
+  /// The name that it is looked up by. @{
   void setLabel(std::string new_label) { label = new_label; }
-  std::string getLabel() const { return label; }
+  std::string getLabel() const { return label; } ///@}
 
-  /// Starts from the beginning, even when it is still playing. Like `stop` and
-  /// `pause` it does nothing before a file was loaded.
+  /// Goes on after a pause, else starts from the beginning, even when it is still
+  /// playing. Like `stop` and `pause` it does nothing before a file was loaded.
   void play(bool loop);
+
+  /// Ends it.
   void stop();
+
+  /// Halts it.
   void pause();
 
   /// A copy of the player, silent when nothing is loaded. It borrows this

@@ -19,22 +19,28 @@ public:
   Sprite(const Sprite &) = delete;
   Sprite &operator=(const Sprite &) = delete;
 
-  void setWidth(int new_width) { width = new_width; } ///< characters per row
-  int getWidth() const { return width; }
-  void setHeight(int new_height) { height = new_height; } ///< rows
-  int getHeight() const { return height; }
+  /// Characters per row. @{
+  void setWidth(int new_width) { width = new_width; }
+  int getWidth() const { return width; } ///@}
+
+  /// Rows. @{
+  void setHeight(int new_height) { height = new_height; }
+  int getHeight() const { return height; } ///@}
+
+  /// Frames added so far.
   int getFrameCount() const { return frame_count; }
 
-  /// Colour of all characters. Changes the sprite for everybody who shows it.
+  /// Colour of all characters. Changes the sprite for everybody who shows it. @{
   void setColor(Color new_color) { color = new_color; }
-  Color getColor() const { return color; }
+  Color getColor() const { return color; } ///@}
 
+  /// The name that it is looked up by. @{
   void setLabel(std::string new_label) { label = new_label; }
-  std::string getLabel() const { return label; }
+  std::string getLabel() const { return label; } ///@}
 
-  /// Steps that each frame stays on the screen; 0 stops the animation.
+  /// Steps that each frame stays on the screen; 0 stops the animation. @{
   void setSlowdown(int new_slowdown) { slowdown = new_slowdown; }
-  int getSlowdown() const { return slowdown; }
+  int getSlowdown() const { return slowdown; } ///@}
 
   /// Appends a copy. The first frame gives the sprite its size.
   /// @return 0; -1 with an ERROR when the sprite is full, -1 with a WARNING when

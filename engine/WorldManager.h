@@ -21,6 +21,7 @@ class Object;
 /// for the next update, and every loop copes with new objects.
 class WorldManager : public Manager {
 public:
+  /// The only one.
   static WorldManager &getInstance();
 
   /// @return 0. Objects that exist already stay.
@@ -45,9 +46,9 @@ public:
   /// Called by an object's constructor and destructor only: puts it at the end
   /// of the list (unless it is there already), and takes it out (the last object
   /// moves into its place). Removing does not delete.
-  /// @return 0; `removeObject` -1 when it is not in the world
+  /// @return 0; `removeObject` -1 when it is not in the world @{
   int insertObject(Object *p_o);
-  int removeObject(Object *p_o);
+  int removeObject(Object *p_o); ///@}
 
   /// Called by an object's setters only, when its box, its position or its collision
   /// response has changed: keeps what `getCollisions` knows of it current.

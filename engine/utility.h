@@ -24,9 +24,9 @@ bool positionsIntersect(Vector p1, Vector p2);
 bool boxesIntersect(Box a, Box b);
 
 /// The object's box in world coordinates, where it is now or as it would be at
-/// `where`. The object must not be null.
+/// `where`. The object must not be null. @{
 Box getWorldBox(const Object *p_o);
-Box getWorldBox(const Object *p_o, Vector where);
+Box getWorldBox(const Object *p_o, Vector where); ///@}
 
 /// Removes one carriage return from the end of `str`, if there is one.
 void discardCarriageReturn(std::string &str);

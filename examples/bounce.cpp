@@ -26,9 +26,10 @@ public:
 
   int draw() override {
     const std::string row(static_cast<std::size_t>(getBox().getHorizontal()), '#');
-    for (float y = 0; y < getBox().getVertical(); y++)
-      gw::DisplayManager::getInstance().drawString(getPosition() + gw::Vector(0, y), row,
-                                                   gw::LEFT_JUSTIFIED, gw::BLUE);
+    for (int y = 0; y < static_cast<int>(getBox().getVertical()); y++)
+      gw::DisplayManager::getInstance().drawString(
+          getPosition() + gw::Vector(0, static_cast<float>(y)), row, gw::LEFT_JUSTIFIED,
+          gw::BLUE);
     return 0;
   }
 };

@@ -48,6 +48,6 @@ int Bee::eventHandler(const gw::Event *p_e) {
 }
 
 void Bee::beeScore() {
-  if (Score *p_score = findFirst<Score>("Score"))
+  if (auto *p_score = findFirst<Score>("Score"))
     p_score->updateScore(BEE_BONUS);
 }

@@ -1,6 +1,5 @@
 #include "EventClear.h"
 
-EventClear::EventClear(gw::ObjectList completed) {
+EventClear::EventClear(gw::ObjectList completed) : sequence(completed) {
   setType(CLEAR_EVENT);
-  sequence = completed;
 }

@@ -39,14 +39,13 @@ constexpr gw::Color TOP_COLOR = gw::YELLOW;
 
 } // namespace
 
-Score::Score() {
+Score::Score() : pointsPerBug(POINTS_PER_BUG) {
   setType("Score");
   setPosition(gw::Vector(
       13, static_cast<float>(gw::DisplayManager::getInstance().getVertical() - 3)));
   setSprite("Score");
   setCollisionResponse(gw::IGNORE);
   setAltitude(3);
-  pointsPerBug = POINTS_PER_BUG;
   resetScore();
 }
 

@@ -31,8 +31,8 @@ public:
 private:
   void chooseRank();
 
-  gw::Color textColor;
-  int score;
+  gw::Color textColor = gw::COLOR_DEFAULT;
+  int score = 0;
   int pointsPerBug;
   std::string rankTitle;
 };

@@ -73,7 +73,7 @@ bool Sequence::insectMatchesSequence(Insect *p_insect, int index) {
 }
 
 void Sequence::advanceCurrentIndexCheck() {
-  const PinBoard *p_board = findFirst<PinBoard>("PinBoard");
+  const auto *p_board = findFirst<PinBoard>("PinBoard");
   if (!p_board)
     return;
   const gw::ObjectList board = p_board->getPinnedBugs();
@@ -104,7 +104,7 @@ int Sequence::eventHandler(const gw::Event *p_e) {
   Insect *p_insect = p_pin->getPinnedInsect();
   if (!p_insect || sequence.isEmpty())
     return 1;
-  PinBoard *p_board = findFirst<PinBoard>("PinBoard");
+  auto *p_board = findFirst<PinBoard>("PinBoard");
   if (p_board && !p_board->holds(p_insect))
     p_board->eventHandler(p_e);
   checkPin(p_insect);
@@ -138,7 +138,7 @@ void Sequence::sellSequence() {
 /// The order of the random numbers, colour first, is part of the game.
 Insect *Sequence::makeTarget(int index) {
   const auto color_index = static_cast<std::size_t>(gw::rand()) % INSECT_COLORS.size();
-  Insect *p_target;
+  Insect *p_target = nullptr;
   if (gw::rand() % 2 == 0)
     p_target = new Glidewing;
   else

@@ -26,7 +26,7 @@ constexpr float STEPS_PER_Y = 18203.889f; ///< 32767 / (2 MAX_Y)
 
 /// A random number from -max to max that is not nearer to 0 than MIN_COMPONENT.
 float drawComponent(float numbers_per_cell, float max) {
-  float component;
+  float component = 0;
   do
     component = static_cast<float>(gw::rand()) / numbers_per_cell - max;
   while (component > -MIN_COMPONENT && component < MIN_COMPONENT);
@@ -37,7 +37,7 @@ float drawComponent(float numbers_per_cell, float max) {
 Insect *makeInsect(int kind, gw::Color color) {
   if (kind % BEE_ODDS == 0)
     return new Bee;
-  Insect *p_insect;
+  Insect *p_insect = nullptr;
   if (gw::rand() % 2 == 0)
     p_insect = new Butterfly;
   else

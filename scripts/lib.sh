@@ -59,6 +59,7 @@ build() {
 exit_commands=()
 at_exit() {
     exit_commands=("$(printf '%q ' "$@")" "${exit_commands[@]}")
+    # shellcheck disable=SC2154  # the loop is what sets it
     trap 'for command in "${exit_commands[@]}"; do eval "$command" || true; done' EXIT
 }
 

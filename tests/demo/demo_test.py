@@ -3,7 +3,6 @@
 Usage: demo_test.py <tazlet-demo> <its staged run directory> [unittest's arguments]
 """
 
-import os
 import pathlib
 import re
 import shutil

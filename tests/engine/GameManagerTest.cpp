@@ -69,7 +69,7 @@ TEST_F(EngineTest, AStepSleepsForWhatIsLeftAndCarriesItsLateness) {
   };
   FakeTime time;
   long long work = 0;
-  Recorder *p_worker = new Recorder; // works half in its step event, half while drawing
+  auto *p_worker = new Recorder; // works half in its step event, half while drawing
   p_worker->onEvent = [&](const gw::Event &) { return time.pass(work / 2), 0; };
   p_worker->onDraw = [&] { time.pass(work - work / 2); };
   for (const auto &c : cases) {
@@ -86,7 +86,7 @@ TEST_F(EngineTest, TheStepThatEndsTheGameIsCompletedAndIsTheLast) {
   const int first = game.getStepCount();
   FakeTime time;
   std::vector<int> numbers;
-  Recorder *p_recorder = new Recorder;
+  auto *p_recorder = new Recorder;
   p_recorder->onEvent = [&](const gw::Event &event) {
     numbers.push_back(dynamic_cast<const gw::EventStep &>(event).getStepCount());
     time.pass(numbers.size() == 1 ? 40000 : 10000);

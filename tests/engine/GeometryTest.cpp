@@ -8,9 +8,9 @@ TEST(Geometry, BoxesAndPositionsIntersectUpToTheEdgeIncluded) {
   const Box unit({0, 0}, 1, 1);
   const Box leftward({0, 0}, -2, 1); // contains nothing, not even itself
   const struct {
-    const char *what;
+    const char *what = nullptr;
     Box a, b;
-    bool intersect;
+    bool intersect = false;
   } cases[] = {
       {"a common edge", unit, Box({1, 0}, 1, 1), true},
       {"a common corner", unit, Box({-1, 1}, 1, 1), true},

@@ -124,7 +124,7 @@ TEST_F(WorldManagerTest, LeavingTheWorldIsToldOncePerCrossing) {
   add("bystander", {64, 24}, OVERLAP);
   const struct {
     Vector to;
-    bool out;
+    bool out = false;
   } walk[] = {{{128, 48}, false}, {{129, 24}, true},   {{130, 24}, false},
               {{0, 0}, false},    {{0, -0.5f}, true},  {{-5, 60}, false},
               {{1, 1}, false},    {{128, 48.5f}, true}};

@@ -26,11 +26,11 @@ TEST_F(SpriteReaderFuzzTest, EverySingleByteEditOfAGoodFileIsReadOrRefusedCleanl
       }
     }
   EXPECT_EQ(accepted + refused, 257 * static_cast<int>(good.size()));
-  const int unchanged = 11 + 3;    // the head but for the slowdown, the ends of rows
-  const int fewer = 1 + 1;         // one frame, or one row, is there as well
+  const int unchanged = 11 + 3;     // the head but for the slowdown, the ends of rows
+  const int fewer = 1 + 1;          // one frame, or one row, is there as well
   const int slowdowns = 10 + 1 + 1; // any digit, a carriage return, nothing at all
   const int picture = 8 * 255 + 4 * 254; // no end of line, nor a CR in front of one
-  const int last_end = 2 + 1;      // itself, a carriage return, nothing at all
+  const int last_end = 2 + 1;            // itself, a carriage return, nothing at all
   EXPECT_EQ(accepted, unchanged + fewer + slowdowns + picture + last_end);
 }
 

@@ -58,6 +58,7 @@ int GameTest::count(const std::string &type) {
 std::vector<std::string> GameTest::types() {
   std::vector<std::string> found;
   const gw::ObjectList objects = gw::WorldManager::getInstance().getAllObjects();
+  found.reserve(static_cast<std::size_t>(objects.getCount()));
   for (int i = 0; i < objects.getCount(); i++)
     found.push_back(objects[i]->getType());
   return found;

@@ -20,7 +20,7 @@ using BadFontDeathTest = EngineTest;
 
 /// Where random things are drawn.
 struct Places {
-  int parts;             ///< into how many parts a cell is divided, at the most
+  int parts = 1;         ///< into how many parts a cell is divided, at the most
   int columns = COLUMNS; ///< of the part of the window that is drawn on
   int rows = ROWS;
 };

@@ -44,7 +44,7 @@ Glyph GlyphRasterizer::rasterize(unsigned char ch) {
   // With the font's own hints, as the game's library loads it.
   if (FT_Load_Glyph(face.get(), index, FT_LOAD_DEFAULT) != 0)
     return {};
-  const FT_GlyphSlot slot = face->glyph;
+  auto *const slot = face->glyph;
   FT_Outline_Embolden(&slot->outline, BOLD);
   if (FT_Render_Glyph(slot, FT_RENDER_MODE_NORMAL) != 0)
     return {};

@@ -1,6 +1,7 @@
 #include "Picture.h"
 
 #include "DisplayManager.h"
+#include "GameManager.h"
 #include "TemporaryDirectory.h"
 
 #include <spawn.h>
@@ -24,7 +25,6 @@ constexpr int CELL_HEIGHT = 16;
 constexpr int BACKGROUND_LEFT = -1;
 constexpr int BACKGROUND_TOP = 3;
 
-constexpr int STEP_TIME = 33;              ///< milliseconds
 constexpr long long LONGEST_DELAY = 65535; ///< of a frame of a GIF, 1/100 s
 
 int pictureWidth(const gw::Sprite &sprite) {
@@ -80,6 +80,7 @@ std::string because(const std::string &filename) {
 /// @return its exit status; -1 when it died; -2 with `errno` when it did not start
 int run(std::vector<std::string> words) {
   std::vector<char *> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string &word : words)
     arguments.push_back(word.data());
   arguments.push_back(nullptr);
@@ -96,10 +97,10 @@ int run(std::vector<std::string> words) {
 /// 1/100 s that a frame of a GIF stays. The format knows no finer time, so what is
 /// rounded at one frame is made up for at the next.
 long long delayOf(int frame, int slowdown) {
-  const auto end = [slowdown](long long frames) {
-    return (frames * slowdown * STEP_TIME + 5) / 10;
+  const auto timeOf = [slowdown](long long frames) {
+    return (frames * slowdown * gw::FRAME_TIME_DEFAULT + 5) / 10;
   };
-  return std::min(end(frame + 1LL) - end(frame), LONGEST_DELAY);
+  return std::min(timeOf(frame + 1LL) - timeOf(frame), LONGEST_DELAY);
 }
 
 /// Has ImageMagick make a GIF, by the name that it goes by on this machine.

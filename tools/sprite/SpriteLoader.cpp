@@ -6,14 +6,11 @@
 #include "utility.h"
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <system_error>
 
 namespace {
-
-bool isControl(unsigned char ch) {
-  return ch < 32 || ch == 127;
-}
 
 /// Without the time of day and the level in front.
 std::string messageOf(const std::string &log_line) {
@@ -70,6 +67,7 @@ std::vector<std::string> SpriteLoader::takeLogLines() {
 }
 
 std::string printable(std::string text) {
-  std::replace_if(text.begin(), text.end(), isControl, '?');
+  std::replace_if(
+      text.begin(), text.end(), [](unsigned char ch) { return std::iscntrl(ch); }, '?');
   return text;
 }

@@ -1,5 +1,7 @@
 #include "TerminalPlayer.h"
 
+#include "GameManager.h"
+
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -15,8 +17,6 @@
 #include <vector>
 
 namespace {
-
-constexpr std::chrono::milliseconds STEP_TIME(33);
 
 volatile std::sig_atomic_t interrupted = 0;
 
@@ -173,7 +173,8 @@ template <class Action> void inEveryStep(Action action) {
   while (!interrupted && !std::ferror(stdout)) {
     action();
     // Time that the whole process slept is not made up for.
-    next = std::max(next + STEP_TIME, Clock::now());
+    next =
+        std::max(next + std::chrono::milliseconds(gw::FRAME_TIME_DEFAULT), Clock::now());
     std::this_thread::sleep_until(next);
   }
 }
