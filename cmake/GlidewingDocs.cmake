@@ -1,11 +1,7 @@
-# Gives the target `docs`, where there is Doxygen: the reference of the engine, from the
-# comments in its headers, in docs/html of the build directory. Nothing else needs it.
-# What is public and has no comment is an error.
+# Gives the target `docs`: the reference of the engine, from the comments in its headers,
+# in docs/html of the build directory. What is public and has no comment is an error.
 
-find_package(Doxygen QUIET)
-if(NOT DOXYGEN_FOUND)
-    return()
-endif()
+find_package(Doxygen REQUIRED)
 set(DOXYGEN_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/docs)
 set(DOXYGEN_PROJECT_BRIEF "the engine's classes")
 set(DOXYGEN_PROJECT_NAME Glidewing)

@@ -80,8 +80,13 @@ install(FILES ${GLIDEWING_FONT} DESTINATION ${tazlet_data_dir} RENAME gw-font.tt
 
 # --- what is written at configuration ------------------------------------------
 
-# SOURCE_DATE_EPOCH counts: the same sources give the same files.
-string(TIMESTAMP tazlet_release_date "%Y-%m-%d" UTC)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS CHANGELOG.md)
+file(STRINGS CHANGELOG.md tazlet_release REGEX "^## .${PROJECT_VERSION}. - ")
+if(NOT tazlet_release MATCHES " - ([0-9]+-[0-9][0-9]-[0-9][0-9])$")
+    message(FATAL_ERROR "CHANGELOG.md does not tell when ${PROJECT_VERSION} was released")
+endif()
+set(tazlet_release_date ${CMAKE_MATCH_1})
+# SOURCE_DATE_EPOCH counts: the same sources give the same package.
 string(TIMESTAMP tazlet_changelog_date "%a, %d %b %Y 00:00:00 +0000" UTC)
 file(RELATIVE_PATH tazlet_program_from_games
     /${GLIDEWING_GAMESDIR} /${tazlet_private_dir}/tazlet)

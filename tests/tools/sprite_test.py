@@ -36,6 +36,15 @@ class SpriteTest(unittest.TestCase):
         for arguments in (), ("check",), ("png", BEE), ("show", BEE, "--frame", "-1"):
             self.run_tool(*arguments, status=2)
 
+    def test_the_examples_of_the_documentation_are_good_and_bad_as_it_says(self):
+        page = pathlib.Path(__file__).parents[2] / "docs/sprite-format.md"
+        good, bad, said, said_next = re.findall(r"(?s)```\n(.*?)```\n", page.read_text())[:4]
+        pathlib.Path("good.txt").write_text(good)
+        self.run_tool("check", "good.txt")
+        for text, message in (bad, said), (bad.replace("orange", "red"), said_next):
+            pathlib.Path("bad.txt").write_text(text)
+            self.assertEqual(self.run_tool("check", "bad.txt", status=1), message)
+
     def test_show_prints_the_frames_and_plays_them_on_a_terminal_until_interrupted(self):
         self.assertEqual(self.run_tool("show", BEE), "".join(BEE_ROWS))
         self.assertEqual(self.run_tool("show", BEE, "--frame", "3"), "".join(BEE_ROWS[15:]))
