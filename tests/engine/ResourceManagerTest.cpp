@@ -138,7 +138,7 @@ TEST_F(ResourceManagerTest, WhatASpriteFileClaimsCostsNoMemory) {
   const std::string line(8000000, '1');
   expectRefused(line, reason(1, "2147483647"), line);
   expectRefused(lines({"1", "3", "1", "0", line}), reason(5, ""), line);
-  expectRefused(lines({"1", "3", "1", "0", "red", line}), reason(6, "10000000"), line);
+  expectRefused(lines({"1", "3", "1", "0", "red", line}), reason(6, "8000000"), line);
   EXPECT_LT(peak() - before, 500000) << "a line is held a few times at most";
 }
 
