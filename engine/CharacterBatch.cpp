@@ -246,6 +246,7 @@ void CharacterBatch::fill(sf::IntRect area, sf::Color color) {
 }
 
 /// Paints a character into the picture.
+/// @param p_glyph null for a blank
 void CharacterBatch::paint(sf::IntRect cell, sf::Color background, sf::Vector2i position,
                            Glyph *p_glyph, sf::Color color) {
   if (p_glyph)
@@ -259,19 +260,8 @@ void CharacterBatch::paint(sf::IntRect cell, sf::Color background, sf::Vector2i 
     painted.remove(cell);
   else
     painted.insert(cell);
-  if (!p_glyph)
-    return;
-  const sf::IntRect ink(position + p_glyph->area.position, p_glyph->area.size);
-  const sf::Vector2i ink_end = ink.position + ink.size;
-  const sf::Vector2i cell_end = cell.position + cell.size;
-  for (int y = ink.position.y; y < ink_end.y; y++) {
-    const bool is_in_cell = y >= cell.position.y && y < cell_end.y;
-    blendRow(*p_glyph, position, color, y, ink.position.x,
-             is_in_cell ? cell.position.x : ink_end.x);
-    if (is_in_cell)
-      blendRow(*p_glyph, position, color, y, cell_end.x, ink_end.x);
-  }
-  painted.insert(ink);
+  if (p_glyph)
+    painted.insert({position + p_glyph->area.position, p_glyph->area.size});
 }
 
 /// The character of that glyph and these colours.
@@ -282,11 +272,20 @@ const CharacterBatch::Stamp &CharacterBatch::getStamp(Glyph &glyph, sf::IntRect 
   for (const Stamp &stamp : glyph.stamps)
     if (stamp.color == color && stamp.background == background)
       return stamp;
-  Stamp stamp{color, background, {}};
-  for (int y = cell.position.y; y < cell.position.y + cell.size.y; y++)
-    for (int x = cell.position.x; x < cell.position.x + cell.size.x; x++)
-      stamp.pixels.push_back(
-          blend(toPixel(background), toPixel(color), glyph.opacityAt({x, y})));
+  Stamp stamp{color, background, {}, {}};
+  const std::uint32_t below = toPixel(background);
+  stamp.pixels.assign(static_cast<std::size_t>(cell.size.x * cell.size.y), below);
+  for (int y = 0; y < glyph.area.size.y; y++)
+    for (int x = 0; x < glyph.area.size.x; x++) {
+      const std::uint8_t opacity =
+          glyph.opacity[static_cast<std::size_t>(y * glyph.area.size.x + x)];
+      const sf::Vector2i place = glyph.area.position + sf::Vector2i(x, y) - cell.position;
+      if (sf::IntRect({0, 0}, cell.size).contains(place))
+        stamp.pixels[static_cast<std::size_t>(place.y * cell.size.x + place.x)] =
+            blend(below, toPixel(color), opacity);
+      else if (opacity > 0)
+        stamp.overhang.push_back({place, opacity});
+    }
   return glyph.stamps.emplace_back(std::move(stamp));
 }
 
@@ -296,26 +295,13 @@ void CharacterBatch::copy(const Stamp &stamp, sf::IntRect cell) {
   for (int y = 0; y < seen.size.y; y++)
     std::copy_n(stamp.pixels.begin() + (skipped.y + y) * cell.size.x + skipped.x,
                 seen.size.x, pixelAt(seen.position.x, seen.position.y + y));
-}
-
-/// Paints the ink that a character at `position` has in the row `y` of the picture, from
-/// `left` up to but not including `right`.
-void CharacterBatch::blendRow(const Glyph &glyph, sf::Vector2i position, sf::Color color,
-                              int y, int left, int right) {
-  if (y < 0 || y >= target_size.y)
-    return;
-  for (int x = std::max(left, 0); x < std::min(right, target_size.x); x++) {
-    auto pixel = pixelAt(x, y);
-    *pixel =
-        blend(*pixel, toPixel(color), glyph.opacityAt(sf::Vector2i(x, y) - position));
+  for (const Stamp::Overhang &overhang : stamp.overhang) {
+    const sf::Vector2i place = cell.position + overhang.place;
+    if (!sf::IntRect({0, 0}, target_size).contains(place))
+      continue;
+    std::uint32_t &pixel = *pixelAt(place.x, place.y);
+    pixel = blend(pixel, toPixel(stamp.color), overhang.opacity);
   }
-}
-
-std::uint8_t CharacterBatch::Glyph::opacityAt(sf::Vector2i pixel) const {
-  if (!area.contains(pixel))
-    return 0;
-  const sf::Vector2i place = pixel - area.position;
-  return opacity[static_cast<std::size_t>(place.y * area.size.x + place.x)];
 }
 
 void CharacterBatch::addBackground(sf::FloatRect area, sf::Color color) {

@@ -55,6 +55,11 @@ private:
   struct Stamp {
     sf::Color color, background;
     std::vector<std::uint32_t> pixels; ///< of the cell, row by row
+    struct Overhang {
+      sf::Vector2i place;   ///< relative to the cell's upper-left corner
+      std::uint8_t opacity; ///< 255 covers
+    };
+    std::vector<Overhang> overhang; ///< the ink outside the cell
   };
 
   /// A glyph, and the opacity of its ink when it stands on whole pixels.
@@ -63,9 +68,6 @@ private:
     sf::IntRect area;                  ///< of ink, relative to the character's position
     std::vector<std::uint8_t> opacity; ///< of this area, row by row; 255 covers
     std::vector<Stamp> stamps;         ///< one for each pair of colours seen so far
-
-    /// @param pixel relative to the character's position, anywhere
-    std::uint8_t opacityAt(sf::Vector2i pixel) const;
   };
 
   /// A glyph of the font as triangles.
@@ -95,8 +97,6 @@ private:
   const Stamp &getStamp(Glyph &glyph, sf::IntRect cell, sf::Color color,
                         sf::Color background);
   void copy(const Stamp &stamp, sf::IntRect cell);
-  void blendRow(const Glyph &glyph, sf::Vector2i position, sf::Color color, int y,
-                int left, int right);
   void addBackground(sf::FloatRect area, sf::Color color);
   void addGlyph(sf::Vector2f position, const Glyph &glyph, sf::Color color);
   void addLastGlyph(sf::FloatRect next_background);
