@@ -95,10 +95,9 @@ void Step(benchmark::State &state) {
 }
 BENCHMARK(Step)->UseManualTime();
 
-/// The same without input and without showing the frame, which is done before the
-/// next step and not timed. There has to be a window: without one the engine
-/// collects no characters, and a step has less to do.
-void StepUnshown(benchmark::State &state) {
+/// The same without input and without showing the frame; `show` runs before each step
+/// and is not timed.
+template <class Show> void timeUnshownSteps(benchmark::State &state, Show show) {
   gw::WorldManager &world = gw::WorldManager::getInstance();
   startBusyGame();
   int step_count = 0;
@@ -108,14 +107,28 @@ void StepUnshown(benchmark::State &state) {
     world.update();
     world.draw();
   };
-  const auto prepare = [] {
-    gw::DisplayManager::getInstance().swapBuffers();
+  const auto prepare = [&] {
+    show();
     keepFlying();
   };
   bench::timeSteps(state, step, prepare);
   state.counters["objects"] = world.getAllObjects().getCount();
 }
+
+/// Draws into a window, which collects what would be shown.
+void StepUnshown(benchmark::State &state) {
+  timeUnshownSteps(state, [] { gw::DisplayManager::getInstance().swapBuffers(); });
+}
 BENCHMARK(StepUnshown)->UseManualTime();
+
+/// Draws without a window, as a game does that runs headless: nothing is collected.
+void StepHeadless(benchmark::State &state) {
+  gw::DisplayManager &display = gw::DisplayManager::getInstance();
+  display.shutDown();
+  timeUnshownSteps(state, [] {});
+  display.startUp();
+}
+BENCHMARK(StepHeadless)->UseManualTime();
 
 /// Every cell another character and colour, shown.
 void FullScreen(benchmark::State &state) {

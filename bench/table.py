@@ -128,6 +128,8 @@ ROWS = [
         "libtcod's full screen, {}", LIBTCOD_SCREEN, "1/3", duration),
     Row("play", "step of play, drawn but not shown", Loop("glidewing-screen", "StepUnshown"),
         "Box2D, 35 boxes", Loop("box2d-world", "Step/35"), "1", duration),
+    Row("play", "step of play, without a window", Loop("glidewing-screen", "StepHeadless"),
+        "Box2D, 35 boxes", Loop("box2d-world", "Step/35"), "1", duration),
     *(Row("world", f"update of {count:,} objects", update(count),
           f"Box2D, {count:,} boxes", Loop("box2d-world", f"Step/{count}"), "1/2", duration)
       for count in (100, 1000, 10000)),
