@@ -22,10 +22,10 @@ constexpr float CELL_HEIGHT = 8;
 constexpr int CELLS = 128;
 constexpr int APART = CELLS * CELLS; ///< the cell of the boxes that are kept apart
 
-/// Up to here a float tells places closer than `ROUNDING` from each other, so adding
+/// Up to here a float tells places closer than `SLACK` from each other, so adding
 /// the size of a box to its corner cannot lead further astray.
 constexpr float FAR = 65536;
-constexpr float ROUNDING = 1.f / 64;
+constexpr float SLACK = 1.f / 64;
 
 /// False also for what is no number.
 bool isNear(Vector position) {
@@ -94,10 +94,10 @@ const std::vector<int> &CollisionGrid::find(const Box &box) {
     findInAll(box);
     return found;
   }
-  const int left = columnOf(corner.getX() - CELL_WIDTH - ROUNDING);
-  const int top = rowOf(corner.getY() - CELL_HEIGHT - ROUNDING);
-  const int columns = columnOf(end.getX() + ROUNDING) - left + 1;
-  const int rows = rowOf(end.getY() + ROUNDING) - top + 1;
+  const int left = columnOf(corner.getX() - CELL_WIDTH - SLACK);
+  const int top = rowOf(corner.getY() - CELL_HEIGHT - SLACK);
+  const int columns = columnOf(end.getX() + SLACK) - left + 1;
+  const int rows = rowOf(end.getY() + SLACK) - top + 1;
   if (std::max(columns, rows) > CELLS || columns * rows > getCount()) {
     findInAll(box);
     return found;

@@ -38,9 +38,9 @@ private:
   /// A box, linked with the others of its cell.
   struct Entry {
     Box box;
-    int cell;     ///< or `NONE`
-    int next;     ///< index, or `NONE`
-    int previous; ///< index, or `NONE`
+    int cell = 0;     ///< or `NONE`
+    int next = 0;     ///< index, or `NONE`
+    int previous = 0; ///< index, or `NONE`
   };
 
   void findInCell(int cell, const Box &box);

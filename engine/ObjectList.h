@@ -25,6 +25,7 @@ public:
   /// True when the next insert will have to grow the storage (it doubles).
   bool isFull() const { return count == max_count; }
 
+  /// Whether the pointer is in the list.
   bool contains(const Object *p_o) const;
 
   /// The entry at `index`, 0 up to but not including `getCount()`. Anything

@@ -15,8 +15,9 @@ public:
   /// Empty, for a picture of that size.
   void reset(sf::Vector2i new_size);
 
+  /// Puts all pixels of the area in, or takes them out. @{
   void insert(sf::IntRect area);
-  void remove(sf::IntRect area);
+  void remove(sf::IntRect area); ///@}
 
   /// Whether any pixel of the area is in the set.
   bool intersects(sf::IntRect area) const;
@@ -31,8 +32,8 @@ private:
   bool is_empty = true; ///< for certain
 
   /// 64 pixels of a row in a word; below it in the picture, next to it in memory: an
-  /// area's words are then few runs, which the compiler handles several at a time. Full
-  /// screens of text are collected in half the time of words row by row.
+  /// area's words are then few runs, and asking about it takes half the time that it
+  /// takes with words row by row.
   std::vector<std::uint64_t> words;
 };
 

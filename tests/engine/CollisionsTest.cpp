@@ -192,7 +192,7 @@ TEST_F(CollisionsTest, TheSameIsToldAsWhenEverythingIsLookedAtWhateverHandlersDo
     const auto &[found, expected] = records;
     const auto collisions =
         std::count_if(expected.begin(), expected.end(), [](const std::string &line) {
-          return line.find("collision") != line.npos;
+          return line.find("collision") != std::string::npos;
         });
     ASSERT_GT(collisions, 5000);
     ASSERT_EQ(found.size(), expected.size());
