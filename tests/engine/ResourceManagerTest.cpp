@@ -182,8 +182,35 @@ TEST_F(ResourceManagerTest, SpritesAreFoundAndUnloadedInTheirOrderUpToAFullTable
 TEST_F(ResourceManagerTest, SoundsAndMusicHaveTablesOfTheirOwn) {
   writeFile("rubbish", "neither a sound\nnor music\n");
   writeFile("good.wav", WAV);
-  EXPECT_EQ(resources.loadSound("rubbish", "x"), -1);
-  EXPECT_EQ(resources.loadMusic("rubbish", "x"), -1);
+  std::filesystem::create_directory("directory");
+  const std::string place = "gw::ResourceManager::";
+  for (const std::string file : {"missing", "directory", "", "rubbish"}) {
+    const std::string from = " with label 'x' from file '" + file + "'.";
+    EXPECT_EQ(
+        logOf([&] { EXPECT_EQ(resources.loadSound(file, "x"), -1); }),
+        (Lines{"INFO: " + place + "loadSound() - Loading sound" + from,
+               "WARNING: gw::Sound::loadSound() - Could not load sound file '" + file +
+                   "'.",
+               "ERROR: " + place + "loadSound() - Unable to load Sound 'x' from file."}));
+    EXPECT_EQ(
+        logOf([&] { EXPECT_EQ(resources.loadMusic(file, "x"), -1); }),
+        (Lines{"INFO: " + place + "loadMusic() - Loading music" + from,
+               "WARNING: gw::Music::loadMusic() - Could not associate music buffer "
+               "with file '" +
+                   file + "'.",
+               "ERROR: " + place + "loadMusic() - Unable to load Music 'x' from file."}));
+  }
+  EXPECT_EQ(
+      logOf([&] {
+        EXPECT_EQ(resources.unloadSound("x") + resources.unloadMusic("x"), -2);
+        EXPECT_EQ(resources.unloadMusic(""), -1);
+      }),
+      (Lines{"WARNING: " + place +
+                 "unloadSound() - Could not find loaded Sound with label 'x'.",
+             "WARNING: " + place +
+                 "unloadMusic() - Could not find loaded Music with label 'x'.",
+             "WARNING: " + place +
+                 "unloadMusic() - Cannot unload Music with label \"\". Ignoring."}));
   for (int i = 0; i < 50; i++) {
     ASSERT_EQ(resources.loadSound("good.wav", std::to_string(i)), 0);
     ASSERT_EQ(resources.loadMusic("good.wav", std::to_string(i)), 0);

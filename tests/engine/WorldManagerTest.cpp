@@ -116,7 +116,10 @@ TEST_F(WorldManagerTest, EveryCollisionIsToldInListOrderEvenWhenTheFirstBlocks) 
             (Journal{"mover collision", "a collision", "mover collision", "b collision"}))
       << "and it is not told that it is out, because it stays";
   EXPECT_EQ(partners, (Journal{"a", "b"}));
+  EXPECT_EQ(world.moveObject(p_mover, {129, 24}), -1);
   EXPECT_EQ(xy(p_mover->getPosition()), xy({128, 24}));
+  EXPECT_EQ(world.getAllObjectsOfType("a").getCount(), 1);
+  EXPECT_EQ(world.getAllObjectsOfType("A").getCount(), 0) << "letter case counts";
 }
 
 TEST_F(WorldManagerTest, LeavingTheWorldIsToldOncePerCrossing) {
