@@ -1,0 +1,38 @@
+# What `cmake --install` puts where for those who write games on an installed engine.
+# Include it once, in the top directory, outside of the builds with sanitizers.
+#
+#   <prefix>/include/glidewing                the headers
+#   <prefix>/lib/libglidewing.a               the engine
+#   <prefix>/lib/cmake/Glidewing              for find_package(Glidewing): gw::engine, and
+#                                             GLIDEWING_FONT as in a subfolder
+#   <prefix>/share/glidewing/gw-font.ttf      that font
+#
+# Component: `engine`. It belongs to the machine that it was built on: it wants the
+# same SFML again.
+
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+set(glidewing_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Glidewing)
+set(glidewing_font_dir ${CMAKE_INSTALL_DATADIR}/glidewing)
+glidewing_sfml_runtime_dir(glidewing_built_runtime)
+
+set_target_properties(glidewing PROPERTIES EXPORT_NAME engine)
+target_include_directories(glidewing INTERFACE
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/glidewing>)
+install(TARGETS glidewing EXPORT Glidewing
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT engine)
+install(DIRECTORY engine/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/glidewing
+    COMPONENT engine FILES_MATCHING PATTERN "*.h")
+install(FILES ${GLIDEWING_FONT} DESTINATION ${glidewing_font_dir} RENAME gw-font.ttf
+    COMPONENT engine)
+
+configure_package_config_file(cmake/GlidewingConfig.cmake.in GlidewingConfig.cmake
+    INSTALL_DESTINATION ${glidewing_package_dir} PATH_VARS glidewing_font_dir)
+write_basic_package_version_file(GlidewingConfigVersion.cmake
+    COMPATIBILITY SameMajorVersion)
+install(EXPORT Glidewing NAMESPACE gw:: FILE GlidewingTargets.cmake
+    DESTINATION ${glidewing_package_dir} COMPONENT engine)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/GlidewingConfig.cmake
+              ${CMAKE_CURRENT_BINARY_DIR}/GlidewingConfigVersion.cmake
+              cmake/GlidewingSfml.cmake
+    DESTINATION ${glidewing_package_dir} COMPONENT engine)
