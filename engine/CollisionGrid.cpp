@@ -58,7 +58,8 @@ CollisionGrid::CollisionGrid() : first_in_cell(APART + 1, NONE) {
 }
 
 void CollisionGrid::insert(const Box &box, bool is_found) {
-  entries.emplace_back();
+  boxes.emplace_back();
+  links.emplace_back();
   link(getCount() - 1, box, is_found ? cellOf(box) : NONE);
 }
 
@@ -66,18 +67,18 @@ void CollisionGrid::remove(int index) {
   unlink(index);
   const int last = getCount() - 1;
   if (index != last) {
-    const Entry moved = at(last);
+    const int cell = linkAt(last).cell;
     unlink(last);
-    link(index, moved.box, moved.cell);
+    link(index, boxAt(last), cell);
   }
-  entries.pop_back();
+  boxes.pop_back();
+  links.pop_back();
 }
 
 void CollisionGrid::update(int index, const Box &box, bool is_found) {
   const int cell = is_found ? cellOf(box) : NONE;
-  Entry &entry = at(index);
-  if (entry.cell == cell) {
-    entry.box = box;
+  if (linkAt(index).cell == cell) {
+    boxAt(index) = box;
     return;
   }
   unlink(index);
@@ -111,40 +112,42 @@ const std::vector<int> &CollisionGrid::find(const Box &box) {
 }
 
 void CollisionGrid::findInCell(int cell, const Box &box) {
-  for (int i = first_in_cell[static_cast<std::size_t>(cell)]; i != NONE; i = at(i).next)
-    if (boxesIntersect(box, at(i).box))
+  for (int i = first_in_cell[static_cast<std::size_t>(cell)]; i != NONE;
+       i = linkAt(i).next)
+    if (boxesIntersect(box, boxAt(i)))
       found.push_back(i);
 }
 
 void CollisionGrid::findInAll(const Box &box) {
   for (int i = 0; i < getCount(); i++)
-    if (at(i).cell != NONE && boxesIntersect(box, at(i).box))
+    if (linkAt(i).cell != NONE && boxesIntersect(box, boxAt(i)))
       found.push_back(i);
 }
 
-/// Fills the entry at `index` and puts it in front of the others of its cell.
+/// Puts the box at `index` in front of the others of its cell.
 void CollisionGrid::link(int index, const Box &box, int cell) {
-  Entry &entry = at(index);
-  entry = {box, cell, NONE, NONE};
+  boxAt(index) = box;
+  Link &link = linkAt(index);
+  link = {cell, NONE, NONE};
   if (cell == NONE)
     return;
   int &first = first_in_cell[static_cast<std::size_t>(cell)];
-  entry.next = first;
+  link.next = first;
   if (first != NONE)
-    at(first).previous = index;
+    linkAt(first).previous = index;
   first = index;
 }
 
 void CollisionGrid::unlink(int index) {
-  const Entry &entry = at(index);
-  if (entry.cell == NONE)
+  const Link &link = linkAt(index);
+  if (link.cell == NONE)
     return;
-  if (entry.previous != NONE)
-    at(entry.previous).next = entry.next;
+  if (link.previous != NONE)
+    linkAt(link.previous).next = link.next;
   else
-    first_in_cell[static_cast<std::size_t>(entry.cell)] = entry.next;
-  if (entry.next != NONE)
-    at(entry.next).previous = entry.previous;
+    first_in_cell[static_cast<std::size_t>(link.cell)] = link.next;
+  if (link.next != NONE)
+    linkAt(link.next).previous = link.previous;
 }
 
 } // namespace gw
