@@ -77,47 +77,40 @@ void startBusyGame() {
   }
 }
 
-/// A step of the game loop, all but its sleep.
-void Step(benchmark::State &state) {
+/// Times a step of the game loop, all but its sleep; when it is not shown, then without
+/// input, and what was drawn is shown before the next step, untimed.
+void timePlay(benchmark::State &state, bool is_shown) {
   gw::WorldManager &world = gw::WorldManager::getInstance();
+  gw::DisplayManager &display = gw::DisplayManager::getInstance();
   startBusyGame();
   int step_count = 0;
   const auto step = [&] {
     const gw::EventStep event(step_count++);
     world.onEvent(&event);
-    gw::InputManager::getInstance().getInput();
+    if (is_shown)
+      gw::InputManager::getInstance().getInput();
     world.update();
     world.draw();
-    gw::DisplayManager::getInstance().swapBuffers();
-  };
-  bench::timeSteps(state, step, keepFlying);
-  state.counters["objects"] = world.getAllObjects().getCount();
-}
-BENCHMARK(Step)->UseManualTime();
-
-/// The same without input and without showing the frame; `show` runs before each step
-/// and is not timed.
-template <class Show> void timeUnshownSteps(benchmark::State &state, Show show) {
-  gw::WorldManager &world = gw::WorldManager::getInstance();
-  startBusyGame();
-  int step_count = 0;
-  const auto step = [&] {
-    const gw::EventStep event(step_count++);
-    world.onEvent(&event);
-    world.update();
-    world.draw();
+    if (is_shown)
+      display.swapBuffers();
   };
   const auto prepare = [&] {
-    show();
+    if (!is_shown)
+      display.swapBuffers();
     keepFlying();
   };
   bench::timeSteps(state, step, prepare);
   state.counters["objects"] = world.getAllObjects().getCount();
 }
 
+void Step(benchmark::State &state) {
+  timePlay(state, true);
+}
+BENCHMARK(Step)->UseManualTime();
+
 /// Draws into a window, which collects what would be shown.
 void StepUnshown(benchmark::State &state) {
-  timeUnshownSteps(state, [] { gw::DisplayManager::getInstance().swapBuffers(); });
+  timePlay(state, false);
 }
 BENCHMARK(StepUnshown)->UseManualTime();
 
@@ -125,7 +118,7 @@ BENCHMARK(StepUnshown)->UseManualTime();
 void StepHeadless(benchmark::State &state) {
   gw::DisplayManager &display = gw::DisplayManager::getInstance();
   display.shutDown();
-  timeUnshownSteps(state, [] {});
+  timePlay(state, false);
   display.startUp();
 }
 BENCHMARK(StepHeadless)->UseManualTime();
