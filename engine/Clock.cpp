@@ -1,15 +1,14 @@
 #include "Clock.h"
 
-#include <ctime>
+#include <chrono>
 
 namespace gw {
 
 namespace {
 
 long long monotonicMicroseconds() {
-  timespec now{};
-  clock_gettime(CLOCK_MONOTONIC, &now);
-  return static_cast<long long>(now.tv_sec) * 1000000 + now.tv_nsec / 1000;
+  using namespace std::chrono;
+  return duration_cast<microseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
 } // namespace

@@ -7,22 +7,9 @@
 #include "LogManager.h"
 #include "ResourceManager.h"
 #include "WorldManager.h"
-
-#include <ctime>
+#include "platform.h"
 
 namespace gw {
-
-namespace {
-
-/// Suspends the thread once; an interruption ends the sleep early, and the loop
-/// copes with that. `microseconds` is below one second.
-void sleepFor(long long microseconds) {
-  timespec duration{};
-  duration.tv_nsec = static_cast<long>(microseconds * 1000);
-  nanosleep(&duration, nullptr);
-}
-
-} // namespace
 
 GameManager::GameManager() {
   setType("GameManager");

@@ -1,10 +1,34 @@
 #include "LogManager.h"
 
+#include "platform.h"
 #include "utility.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
 
 namespace gw {
 
 namespace {
+
+/// Opens the log, or, where another copy of the program writes that, the first of
+/// glidewing-2.log, glidewing-3.log ... that is free; then says so.
+std::FILE *openLog() {
+  constexpr int MOST_COPIES = 99;
+  const std::string::size_type end = LOGFILE_NAME.rfind('.');
+  std::string filename = LOGFILE_NAME;
+  bool is_taken = false;
+  std::FILE *p_file = openExclusively(filename, is_taken);
+  for (int copy = 2; is_taken && copy <= MOST_COPIES; copy++) {
+    filename = LOGFILE_NAME;
+    filename.insert(end, "-" + std::to_string(copy));
+    p_file = openExclusively(filename, is_taken);
+  }
+  if (p_file && filename != LOGFILE_NAME)
+    std::fprintf(stderr, "%s is another copy's of this program; this one writes %s.\n",
+                 LOGFILE_NAME.c_str(), filename.c_str());
+  return p_file;
+}
 
 int writeFallback(const char *fmt) {
   std::fprintf(stderr, "The LogManager is not started but was requested to write a log. "
@@ -12,6 +36,20 @@ int writeFallback(const char *fmt) {
                        "possible.\n");
   std::fprintf(stderr, "The message without arguments was \"%s\".\n", fmt);
   return -1;
+}
+
+/// For a line that the file did not take, as on a full disk. Call it at once: `errno`
+/// has the reason.
+void writeUnwritten(const char *fmt, va_list args) {
+  std::fprintf(stderr, "The log cannot be written: %s.\n", std::strerror(errno));
+  va_list args_again;
+  va_copy(args_again, args);
+  std::string message(
+      static_cast<std::size_t>(std::max(std::vsnprintf(nullptr, 0, fmt, args_again), 0)),
+      ' ');
+  va_end(args_again);
+  std::vsnprintf(message.data(), message.size() + 1, fmt, args);
+  std::fprintf(stderr, "The message was \"%s\".\n", printable(message).c_str());
 }
 
 } // namespace
@@ -35,7 +73,7 @@ int LogManager::startUp() {
     writeLog(INFO, "LogManager is already started.");
     return 0;
   }
-  log_file = std::fopen(LOGFILE_NAME.c_str(), "w+");
+  log_file = openLog();
   if (!log_file)
     return -1;
   Manager::startUp();
@@ -47,7 +85,9 @@ void LogManager::shutDown() {
   if (!isStarted())
     return;
   writeLog(INFO, "LogManager is shutting down.");
-  std::fclose(log_file);
+  if (std::fclose(log_file) != 0)
+    std::fprintf(stderr, "The end of the log cannot be written: %s.\n",
+                 std::strerror(errno));
   log_file = nullptr;
   Manager::shutDown();
 }
@@ -93,11 +133,18 @@ int LogManager::writeLog(const char *fmt, ...) {
 int LogManager::vwriteLog(LogLevel level, const char *fmt, va_list args) {
   if (level > log_level)
     return 0;
+  va_list args_again;
+  va_copy(args_again, args);
   std::fprintf(log_file, "[%s] %8s: ", getTimeString(), getLogLevelString(level).c_str());
   const int written = std::vfprintf(log_file, fmt, args);
   std::fprintf(log_file, "\n");
   if (do_flush)
     std::fflush(log_file);
+  if (std::ferror(log_file)) {
+    std::clearerr(log_file); // there may be room again for the next line
+    writeUnwritten(fmt, args_again);
+  }
+  va_end(args_again);
   return written;
 }
 

@@ -20,7 +20,8 @@
 
 namespace gw {
 
-/// The log, in the working directory; every start empties it.
+/// The log, in the working directory; every start empties it. A second copy of the
+/// program in the same directory writes glidewing-2.log, and so on.
 inline const std::string LOGFILE_NAME = "glidewing.log";
 
 /// How much a line matters: the lower, the more.
@@ -35,8 +36,8 @@ enum LogLevel : int {
 
 /// Writes the diagnostic lines of engine and game, each with the time of day
 /// and its level. Started first and stopped last by the game manager, so that
-/// everybody else can report. While it is not started, a write goes to the
-/// standard error stream with an explanation.
+/// everybody else can report. While it is not started, and when the file cannot take
+/// a line (a full disk), a write goes to the standard error stream with an explanation.
 class LogManager : public Manager {
 public:
   /// The only one.
@@ -46,7 +47,9 @@ public:
   ~LogManager() override;
 
   /// Opens (and empties) the log file. @return 0, also when already started;
-  /// -1 without a word when the file cannot be opened.
+  /// -1 without a word when the file cannot be opened, or is no regular file (a
+  /// pipe, a device). A line on the standard error stream tells where the log is when
+  /// another copy of the program has its name.
   int startUp() override;
 
   /// Writes the file's last line and closes it.

@@ -1,6 +1,7 @@
 #include "utility.h"
 
 #include "Object.h"
+#include "platform.h"
 
 #include <cmath>
 #include <cstdio>
@@ -21,12 +22,32 @@ bool rangesOverlap(float a, float a_length, float b, float b_length) {
   return (b >= a && b <= a + a_length) || (a >= b && a <= b + b_length);
 }
 
+/// How many bytes the character that begins at `start` has; 0 for a control character
+/// and for what is no UTF-8.
+std::size_t lengthOfPrintable(const std::string &text, std::size_t start) {
+  const auto first = static_cast<unsigned char>(text[start]);
+  if (first < 128)
+    return first >= 32 && first != 127 ? 1 : 0;
+  if (first < 0xc0 || first > 0xf4)
+    return 0;
+  const std::size_t length = first >= 0xf0 ? 4 : first >= 0xe0 ? 3 : 2;
+  unsigned code = first & (0xffu >> (length + 1));
+  for (std::size_t i = start + 1; i < start + length; i++) {
+    const unsigned char next = i < text.size() ? text[i] : '\0';
+    if ((next & 0xc0) != 0x80)
+      return 0;
+    code = code << 6 | (next & 0x3fu);
+  }
+  // The first code of each length; those of two bytes begin with control characters.
+  constexpr unsigned LOWEST[] = {0xa0, 0x800, 0x10000};
+  const bool is_surrogate = code >= 0xd800 && code < 0xe000;
+  return code >= LOWEST[length - 2] && code < 0x110000 && !is_surrogate ? length : 0;
+}
+
 } // namespace
 
 const char *getTimeString() {
-  const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
+  const std::tm local = toLocalTime(std::time(nullptr));
   std::snprintf(time_str, sizeof time_str, "%02d:%02d:%02d", local.tm_hour, local.tm_min,
                 local.tm_sec);
   return time_str;
@@ -60,6 +81,23 @@ Box getWorldBox(const Object *p_o, Vector where) {
 void discardCarriageReturn(std::string &str) {
   if (!str.empty() && str.back() == '\r')
     str.pop_back();
+}
+
+std::string printable(const std::string &text) {
+  std::string result;
+  for (std::size_t i = 0; i < text.size();) {
+    const std::size_t length = lengthOfPrintable(text, i);
+    if (length > 0) {
+      result.append(text, i, length);
+      i += length;
+    } else {
+      char escape[8];
+      std::snprintf(escape, sizeof escape, "\\x%02x",
+                    static_cast<unsigned char>(text[i++]));
+      result += escape;
+    }
+  }
+  return result;
 }
 
 bool isRegularFile(const std::string &filename) {

@@ -31,6 +31,10 @@ Box getWorldBox(const Object *p_o, Vector where); ///@}
 /// Removes one carriage return from the end of `str`, if there is one.
 void discardCarriageReturn(std::string &str);
 
+/// `text` for a terminal: control characters, and bytes that are no UTF-8, are shown
+/// as `\\x1b`.
+std::string printable(const std::string &text);
+
 /// True when `filename` names a regular file (or a link to one). Directories,
 /// pipes and devices are not: reading them can fail late, block or never end.
 bool isRegularFile(const std::string &filename);

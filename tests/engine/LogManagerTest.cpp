@@ -1,11 +1,18 @@
 #include "EngineTest.h"
+#include "platform.h"
 
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <fstream>
 
 namespace {
+
+using Lines = std::vector<std::string>;
 
 /// The log alone, not yet started.
 class LogManagerTest : public testing::Test {
@@ -84,7 +91,45 @@ TEST_F(LogManagerTest, WhileNotStartedItWritesToTheErrorStream) {
   log.shutDown();
   expectFallback("after shut-down");
   std::filesystem::remove(gw::LOGFILE_NAME);
+  ASSERT_EQ(mkfifo(gw::LOGFILE_NAME.c_str(), 0600), 0); // would wait for a reader
+  EXPECT_EQ(log.startUp(), -1);
+  std::filesystem::remove(gw::LOGFILE_NAME);
   std::filesystem::create_directory(gw::LOGFILE_NAME); // cannot be opened for writing
   EXPECT_EQ(log.startUp(), -1);
   expectFallback("after a start that failed");
+}
+
+TEST_F(LogManagerTest, ALineThatTheFileCannotTakeGoesToTheErrorStreamAlone) {
+  ASSERT_EQ(log.startUp(), 0);
+  std::signal(SIGXFSZ, SIG_IGN);
+  const auto limitFile = [](rlim_t bytes) {
+    const rlimit limit{bytes, RLIM_INFINITY};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+  };
+  log.writeLog(gw::INFO, "%s", std::string(1000, 'x').c_str()); // more than is expected
+  testing::internal::CaptureStderr();
+  limitFile(std::filesystem::file_size(gw::LOGFILE_NAME)); // the disk is full
+  EXPECT_EQ(log.writeLog(gw::INFO, "x=%d\033", 42), 5);
+  limitFile(RLIM_INFINITY);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "The log cannot be written: File too large.\nThe message was "
+            "\"x=42\\x1b\".\n");
+  EXPECT_EQ(log.writeLog(gw::INFO, "y"), 1);
+  EXPECT_EQ(logLines().back(), "INFO: y");
+}
+
+TEST_F(LogManagerTest, ASecondCopyOfTheProgramWritesALogOfItsOwn) {
+  bool is_taken = false;
+  std::FILE *p_first = gw::openExclusively(gw::LOGFILE_NAME, is_taken);
+  ASSERT_TRUE(p_first && !is_taken);
+  std::fputs("the first copy's\n", p_first);
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(log.startUp(), 0);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "glidewing.log is another copy's of this program; this one writes "
+            "glidewing-2.log.\n");
+  std::fclose(p_first);
+  EXPECT_EQ(logLines(), Lines{"the first copy's"});
+  std::filesystem::rename("glidewing-2.log", gw::LOGFILE_NAME);
+  EXPECT_EQ(logLines(), Lines{"INFO: LogManager is started up."});
 }
