@@ -1,13 +1,13 @@
 #include "Music.h"
 
+#include "AudioFile.h"
 #include "LogManager.h"
 #include "PlaybackDevice.h"
-#include "utility.h"
 
 namespace gw {
 
 int Music::loadMusic(std::string filename) {
-  if (!isRegularFile(filename) || !music.openFromFile(filename)) {
+  if (!openAudioFile(filename, [&] { return music.openFromFile(filename); })) {
     LogManager::getInstance().writeLog(
         WARNING,
         "gw::Music::loadMusic() - Could not associate music buffer with file "

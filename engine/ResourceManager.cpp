@@ -71,6 +71,26 @@ int unload(Table &table, int &count, const std::string &label, const char *compl
   return 0;
 }
 
+/// The sprite in the file, or null with ERRORs.
+std::unique_ptr<Sprite> readSpriteFile(const std::string &filename,
+                                       const std::string &label) {
+  LogManager &log = LogManager::getInstance();
+  std::ifstream file;
+  if (isRegularFile(filename))
+    file.open(filename);
+  if (!file.is_open()) {
+    log.writeLog(ERROR,
+                 "gw::ResourceManager::loadSprite() - Could not open sprite file '%s'.",
+                 filename.c_str());
+    return nullptr;
+  }
+  std::unique_ptr<Sprite> sprite = readSprite(file);
+  if (!sprite)
+    log.writeLog(ERROR, "gw::ResourceManager::loadSprite() - Sprite '%s' not loaded.",
+                 label.c_str());
+  return sprite;
+}
+
 } // namespace
 
 ResourceManager::ResourceManager() {
@@ -88,7 +108,8 @@ int ResourceManager::startUp() {
     log.writeLog(INFO, "ResourceManager is already started.");
     return 0;
   }
-  sprite_count = 0;
+  removeAll(sprites, sprite_count);
+  failed_sprites.clear();
   Manager::startUp();
   log.writeLog(INFO, "ResourceManager is started up.");
   return 0;
@@ -118,24 +139,19 @@ int ResourceManager::loadSprite(std::string filename, std::string label) {
                           "Cannot load new sprite.");
     return -1;
   }
-  std::ifstream file;
-  if (isRegularFile(filename))
-    file.open(filename);
-  if (!file.is_open()) {
-    log.writeLog(ERROR,
-                 "gw::ResourceManager::loadSprite() - Could not open sprite file '%s'.",
-                 filename.c_str());
-    return -1;
-  }
-  std::unique_ptr<Sprite> sprite = readSprite(file);
+  std::unique_ptr<Sprite> sprite = readSpriteFile(filename, label);
   if (!sprite) {
-    log.writeLog(ERROR, "gw::ResourceManager::loadSprite() - Sprite '%s' not loaded.",
-                 label.c_str());
+    failed_sprites.insert(label);
     return -1;
   }
+  failed_sprites.erase(label);
   sprite->setLabel(label);
   append(sprites, sprite_count, sprite.release());
   return 0;
+}
+
+bool ResourceManager::hasSpriteFailed(const std::string &label) const {
+  return failed_sprites.count(label) > 0;
 }
 
 int ResourceManager::unloadSprite(std::string label) {

@@ -6,6 +6,7 @@
 #include "Sprite.h"
 
 #include <array>
+#include <set>
 #include <string>
 
 namespace gw {
@@ -25,7 +26,8 @@ public:
   /// The only one.
   static ResourceManager &getInstance();
 
-  /// Always succeeds. @return 0
+  /// Begins without sprites: those that were loaded before are deleted. Sounds and
+  /// music stay. @return 0, also when already started (then nothing changes)
   int startUp() override;
 
   /// Stops and releases everything. No object may show a sprite any more.
@@ -36,6 +38,10 @@ public:
   /// the format (line and reason), with a WARNING when there is no room; nothing
   /// is added then
   int loadSprite(std::string filename, std::string label);
+
+  /// Whether loading a sprite of that label was tried since start-up and has failed the
+  /// last time: whoever loads on demand need not read a bad file again and again.
+  bool hasSpriteFailed(const std::string &label) const;
 
   /// Deletes the sprite. No object may show it any more.
   /// @return 0, or -1 with a WARNING when there is none of that label
@@ -61,6 +67,7 @@ private:
 
   std::array<Sprite *, MAX_SPRITES> sprites{}; ///< owned, in load order
   int sprite_count = 0;
+  std::set<std::string> failed_sprites;     ///< their labels
   std::array<Sound *, MAX_SOUNDS> sounds{}; ///< owned, in load order
   int sound_count = 0;
   std::array<Music *, MAX_MUSICS> musics{}; ///< owned, in load order

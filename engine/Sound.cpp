@@ -1,8 +1,8 @@
 #include "Sound.h"
 
+#include "AudioFile.h"
 #include "LogManager.h"
 #include "PlaybackDevice.h"
-#include "utility.h"
 
 namespace gw {
 
@@ -13,7 +13,7 @@ Sound::~Sound() {
 
 int Sound::loadSound(std::string filename) {
   sf::SoundBuffer loaded;
-  if (!isRegularFile(filename) || !loaded.loadFromFile(filename)) {
+  if (!openAudioFile(filename, [&] { return loaded.loadFromFile(filename); })) {
     LogManager::getInstance().writeLog(
         WARNING, "gw::Sound::loadSound() - Could not load sound file '%s'.",
         filename.c_str());

@@ -39,6 +39,12 @@ private:
   std::string line;
 };
 
+/// As much of a line as a reader of the log can do with.
+std::string quote(const std::string &line) {
+  constexpr std::size_t LONGEST = 200;
+  return line.size() <= LONGEST ? line : line.substr(0, LONGEST) + "...";
+}
+
 struct Number {
   int value;  ///< of the digits the line begins with; the nearest int if it is none
   bool valid; ///< nothing but digits, and an int
@@ -137,7 +143,8 @@ std::unique_ptr<Sprite> readSprite(std::istream &file) {
   Head head{};
   std::vector<Frame> frames;
   if (!readHead(lines, head) || !readFrames(lines, head, frames)) {
-    LogManager::getInstance().writeLog(ERROR, "Line is: '%s'", lines.current().c_str());
+    LogManager::getInstance().writeLog(ERROR, "Line is: '%s'",
+                                       quote(lines.current()).c_str());
     return nullptr;
   }
   return makeSprite(head, std::move(frames));

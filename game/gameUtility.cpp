@@ -19,7 +19,7 @@ void setTintedSprite(Insect &insect) {
   gw::ResourceManager &resources = gw::ResourceManager::getInstance();
   const std::string kind = insect.getType() == GLIDEWING_TYPE ? "glidewing" : "butterfly";
   const std::string label = kind + "color" + insect.getColorAsString();
-  if (!resources.getSprite(label) &&
+  if (!resources.getSprite(label) && !resources.hasSpriteFailed(label) &&
       resources.loadSprite("tazlet/sprites/" + kind + ".txt", label) == 0)
     resources.getSprite(label)->setColor(insect.getColor());
   insect.setSprite(label);

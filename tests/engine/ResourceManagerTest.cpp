@@ -136,9 +136,10 @@ TEST_F(ResourceManagerTest, WhatASpriteFileClaimsCostsNoMemory) {
   expectRefused(lines({huge, huge, huge, huge, "red", "abc"}), too_narrow, "abc");
   EXPECT_LT(peak() - before, 50000);
   const std::string line(8000000, '1');
-  expectRefused(line, reason(1, "2147483647"), line);
-  expectRefused(lines({"1", "3", "1", "0", line}), reason(5, ""), line);
-  expectRefused(lines({"1", "3", "1", "0", "red", line}), reason(6, "8000000"), line);
+  const std::string quoted = std::string(200, '1') + "...";
+  expectRefused(line, reason(1, "2147483647"), quoted);
+  expectRefused(lines({"1", "3", "1", "0", line}), reason(5, ""), quoted);
+  expectRefused(lines({"1", "3", "1", "0", "red", line}), reason(6, "8000000"), quoted);
   EXPECT_LT(peak() - before, 500000) << "a line is held a few times at most";
 }
 
@@ -182,9 +183,12 @@ TEST_F(ResourceManagerTest, SpritesAreFoundAndUnloadedInTheirOrderUpToAFullTable
 TEST_F(ResourceManagerTest, SoundsAndMusicHaveTablesOfTheirOwn) {
   writeFile("rubbish", "neither a sound\nnor music\n");
   writeFile("good.wav", WAV);
+  std::string nine_channels = WAV;
+  nine_channels[22] = nine_channels[32] = 9;
+  writeFile("nine", nine_channels);
   std::filesystem::create_directory("directory");
   const std::string place = "gw::ResourceManager::";
-  for (const std::string file : {"missing", "directory", "", "rubbish"}) {
+  for (const std::string file : {"missing", "directory", "", "rubbish", "nine"}) {
     const std::string from = " with label 'x' from file '" + file + "'.";
     EXPECT_EQ(
         logOf([&] { EXPECT_EQ(resources.loadSound(file, "x"), -1); }),

@@ -1,5 +1,7 @@
 #include "RulesTest.h"
 
+#include <filesystem>
+
 namespace {
 
 /// What a spawner has to make of its random numbers.
@@ -72,6 +74,7 @@ TEST_F(SpawnerTest, ASeedDecidesKindColorAndVelocityOfEveryInsect) {
 }
 
 TEST_F(SpawnerTest, AReleaseComesAtOnceThenByChanceAndSurelyAfterAPeriod) {
+  std::filesystem::remove_all("tazlet");
   for (const int period : {400, 30, 3, 2, 1})
     for (const unsigned seed : {1u, 77u, 2026u}) {
       Spawner &spawner = *new Spawner;
@@ -93,6 +96,7 @@ TEST_F(SpawnerTest, AReleaseComesAtOnceThenByChanceAndSurelyAfterAPeriod) {
       }
       clearWorld();
     }
+  EXPECT_EQ(matching("Loading sprite", logLines()).size(), 10u) << "tried once each";
 }
 
 TEST_F(SpawnerTest, EverySaleTakesAnEighthOffThePeriodAndNothingOffTheCountdown) {
