@@ -91,6 +91,21 @@ TEST_F(GameOverTest, ThePinThatFillsTheBoardStillSellsTheRowButTheBoardKeepsItsI
   EXPECT_EQ(sortedTypes(), (Lines{"Border", "GameStart"}));
 }
 
+// The old game's objects are marked, but still there.
+TEST_F(GameOverTest, AGameThatStartsAsThePictureEndsKnowsNothingOfTheOldOne) {
+  playToTheLastSlot();
+  pin("Br");
+  step(pictureSteps() - 1);
+  send(gw::EventStep(0));
+  seedRows({"Br"}, false); // what the old board is full of
+  pressKey(gw::Keyboard::P);
+  world().update();
+  EXPECT_EQ(score(), 0);
+  EXPECT_EQ(codesOf(row()), "Br");
+  EXPECT_EQ(count("SoldTag"), 0);
+  EXPECT_EQ(insects(), 1);
+}
+
 // The board would keep a pointer to the second insect, which the end of the game
 // has already marked.
 TEST_F(GameOverTest, ThePressThatFillsTheBoardPinsNothingElse) {
