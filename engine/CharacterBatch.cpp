@@ -1,8 +1,13 @@
 #include "CharacterBatch.h"
 
+#include "Clock.h"
+#include "LogManager.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <exception>
+#include <string>
 
 namespace gw {
 
@@ -114,20 +119,20 @@ std::uint32_t blend(std::uint32_t below, std::uint32_t above, std::uint32_t opac
 
 } // namespace
 
-void CharacterBatch::clear(sf::Vector2u size, sf::Color color) {
+void CharacterBatch::clear(sf::Vector2i size, sf::Color color) {
   vertices.clear();
   last_glyph.reset();
-  is_shared = false;
-  if (sf::Vector2i(size) == target_size && color == clear_color) {
+  is_shared = has_no_texture;
+  if (size == picture_size && color == clear_color) {
     forEachPaintedRun([this](sf::IntRect run) { fill(run, clear_color); });
   } else {
-    target_size = sf::Vector2i(size);
+    picture_size = size;
     clear_color = color;
-    stride = target_size.x + STRIDE_PADDING;
-    picture.assign(static_cast<std::size_t>(stride * target_size.y), toPixel(color));
+    stride = picture_size.x + STRIDE_PADDING;
+    picture.assign(static_cast<std::size_t>(stride * picture_size.y), toPixel(color));
   }
-  painted.reset(target_size);
-  covered.reset(target_size);
+  painted.reset(picture_size);
+  covered.reset(picture_size);
 }
 
 /// Blanks on pixels that nothing has touched paint nothing. They are looked at together:
@@ -204,7 +209,7 @@ void CharacterBatch::release() {
 /// Draws the tiles of the picture that have something on them.
 void CharacterBatch::drawPicture(sf::RenderTarget &target) {
   picture_vertices.clear();
-  int first_row = target_size.y;
+  int first_row = picture_size.y;
   int end_row = 0;
   forEachPaintedRun([this, &first_row, &end_row](sf::IntRect run) {
     first_row = std::min(first_row, run.position.y);
@@ -213,8 +218,12 @@ void CharacterBatch::drawPicture(sf::RenderTarget &target) {
   });
   if (picture_vertices.empty())
     return;
-  if (!texture)
-    texture.emplace(sf::Vector2u(sf::Vector2i(stride, target_size.y)));
+  if (!makeTexture())
+    return;
+  texture->setSmooth(sf::Vector2i(target.getSize()) != picture_size);
+  // One row more on both sides, which a smooth texture looks at as well.
+  first_row = std::max(first_row - 1, 0);
+  end_row = std::min(end_row + 1, picture_size.y);
   const auto *p_rows = reinterpret_cast<const std::uint8_t *>(
       &picture[static_cast<std::size_t>(first_row * stride)]);
   texture->update(p_rows, sf::Vector2u(sf::Vector2i(stride, end_row - first_row)),
@@ -225,16 +234,32 @@ void CharacterBatch::drawPicture(sf::RenderTarget &target) {
               sf::PrimitiveType::Triangles, states);
 }
 
+/// @return false when the graphics card has no room: this frame lacks what is in the
+/// picture, and all others are drawn without one
+bool CharacterBatch::makeTexture() {
+  if (texture)
+    return true;
+  texture.emplace();
+  if (texture->resize(sf::Vector2u(sf::Vector2i(stride, picture_size.y))))
+    return true;
+  texture.reset();
+  has_no_texture = true;
+  LogManager::getInstance().writeLog(
+      WARNING, "gw::CharacterBatch::makeTexture() - No texture can be made for the "
+               "picture. Drawing will be slow.");
+  return false;
+}
+
 template <class Visit> void CharacterBatch::forEachPaintedRun(Visit visit) const {
-  for (int top = 0; top < target_size.y; top += TILE) {
+  for (int top = 0; top < picture_size.y; top += TILE) {
     sf::IntRect run({0, top}, {0, TILE});
-    for (int x = 0; x <= target_size.x; x += TILE) {
-      if (x < target_size.x && painted.intersects({{x, top}, {TILE, TILE}})) {
+    for (int x = 0; x <= picture_size.x; x += TILE) {
+      if (x < picture_size.x && painted.intersects({{x, top}, {TILE, TILE}})) {
         run.size.x += TILE;
         continue;
       }
       if (run.size.x > 0)
-        visit(clip(run, target_size));
+        visit(clip(run, picture_size));
       run = {{x + TILE, top}, {0, TILE}};
     }
   }
@@ -253,7 +278,7 @@ void CharacterBatch::paint(sf::IntRect cell, sf::Color background, sf::Vector2i 
     copy(getStamp(*p_glyph, {cell.position - position, cell.size}, color, background),
          cell);
   else if (background != clear_color || painted.intersects(cell))
-    fill(clip(cell, target_size), background);
+    fill(clip(cell, picture_size), background);
   else
     return;
   if (background == clear_color)
@@ -290,14 +315,14 @@ const CharacterBatch::Stamp &CharacterBatch::getStamp(Glyph &glyph, sf::IntRect 
 }
 
 void CharacterBatch::copy(const Stamp &stamp, sf::IntRect cell) {
-  const sf::IntRect seen = clip(cell, target_size);
+  const sf::IntRect seen = clip(cell, picture_size);
   const sf::Vector2i skipped = seen.position - cell.position;
   for (int y = 0; y < seen.size.y; y++)
     std::copy_n(stamp.pixels.begin() + (skipped.y + y) * cell.size.x + skipped.x,
                 seen.size.x, pixelAt(seen.position.x, seen.position.y + y));
   for (const Stamp::Overhang &overhang : stamp.overhang) {
     const sf::Vector2i place = cell.position + overhang.place;
-    if (!sf::IntRect({0, 0}, target_size).contains(place))
+    if (!sf::IntRect({0, 0}, picture_size).contains(place))
       continue;
     std::uint32_t &pixel = *pixelAt(place.x, place.y);
     pixel = blend(pixel, toPixel(stamp.color), overhang.opacity);
@@ -379,11 +404,16 @@ bool CharacterBatch::isUntouched(sf::IntRect area) const {
   return !is_shared && !painted.intersects(area) && !covered.intersects(area);
 }
 
-/// False also for a position that is not a number.
+/// False also for a position that is not a number. What a shared target shows is for
+/// others to choose; farther out than this, pixels cannot be told apart by their floats.
 bool CharacterBatch::isVisible(sf::FloatRect area) const {
+  constexpr float FAR = 1 << 23;
+  const sf::Vector2f first = is_shared ? sf::Vector2f(-FAR, -FAR) : sf::Vector2f();
+  const sf::Vector2f last =
+      is_shared ? sf::Vector2f(FAR, FAR) : sf::Vector2f(picture_size);
   const sf::Vector2f end = area.position + area.size;
-  return area.position.x < static_cast<float>(target_size.x) && end.x > 0 &&
-         area.position.y < static_cast<float>(target_size.y) && end.y > 0;
+  return area.position.x < last.x && end.x > first.x && area.position.y < last.y &&
+         end.y > first.y;
 }
 
 /// @return null for a character that shows nothing
@@ -395,13 +425,15 @@ CharacterBatch::Glyph *CharacterBatch::getGlyph(char ch, unsigned size,
     p_glyph_font = p_font;
     glyph_size = size;
     glyphs.fill(std::nullopt);
+    is_font_damaged = false;
+    glyph_making_time = 0;
     loadGlyphs(*p_font);
   }
   std::optional<Glyph> &glyph = glyphs[static_cast<unsigned char>(ch)];
-  if (!glyph) {
-    static_cast<void>(p_font->getGlyph(sf::String(ch)[0], glyph_size, true));
-    glyph = loadGlyph(ch, *p_font, p_font->getTexture(glyph_size).copyToImage());
-  }
+  if (!glyph)
+    glyph = makeGlyph(ch, *p_font)
+                ? loadGlyph(ch, *p_font, p_font->getTexture(glyph_size).copyToImage())
+                : Glyph();
   return glyph->opacity.empty() ? nullptr : &*glyph;
 }
 
@@ -409,11 +441,43 @@ CharacterBatch::Glyph *CharacterBatch::getGlyph(char ch, unsigned size,
 void CharacterBatch::loadGlyphs(const sf::Font &font) {
   constexpr char FIRST = ' ';
   constexpr char LAST = '~';
+  std::string made;
   for (char ch = FIRST; ch <= LAST; ch++)
-    static_cast<void>(font.getGlyph(sf::String(ch)[0], glyph_size, true));
+    if (makeGlyph(ch, font))
+      made += ch;
+    else
+      glyphs[static_cast<unsigned char>(ch)] = Glyph();
+  if (made.empty())
+    return;
   const sf::Image font_texture = font.getTexture(glyph_size).copyToImage();
-  for (char ch = FIRST; ch <= LAST; ch++)
+  for (const char ch : made)
     glyphs[static_cast<unsigned char>(ch)] = loadGlyph(ch, font, font_texture);
+}
+
+/// Has the font make a glyph. One that is damaged may want more memory than there is, may
+/// take seconds for each glyph, or make some that fill the screen.
+/// @return false when the character is to be left out
+bool CharacterBatch::makeGlyph(char ch, const sf::Font &font) {
+  constexpr long long PATIENCE = 2000000; // microseconds for all glyphs; a good font
+                                          // takes a hundredth of that
+  constexpr float LARGEST = 4;            // times the character size
+  if (is_font_damaged)
+    return false;
+  const Clock clock;
+  sf::Vector2f size;
+  try {
+    size = font.getGlyph(sf::String(ch)[0], glyph_size, true).bounds.size;
+  } catch (const std::exception &) {
+    is_font_damaged = true;
+  }
+  glyph_making_time += clock.split();
+  is_font_damaged = is_font_damaged || glyph_making_time > PATIENCE ||
+                    std::max(size.x, size.y) > LARGEST * static_cast<float>(glyph_size);
+  if (is_font_damaged)
+    LogManager::getInstance().writeLog(WARNING,
+                                       "gw::CharacterBatch::makeGlyph() - The font is "
+                                       "damaged. Characters are left out.");
+  return !is_font_damaged;
 }
 
 CharacterBatch::Glyph CharacterBatch::loadGlyph(char ch, const sf::Font &font,

@@ -28,13 +28,15 @@ namespace gw {
 ///   out: the border alone is a screen full of blanks.
 class CharacterBatch {
 public:
-  /// Where a frame starts from: a target of `size` pixels that was cleared to
-  /// `color`. What was collected before is dropped.
-  void clear(sf::Vector2u size, sf::Color color);
+  /// Where a frame starts from: a target that was cleared to `color`. What was collected
+  /// before is dropped.
+  /// @param size of the picture that the target shows, in pixels; a target of another
+  /// size shows it scaled
+  void clear(sf::Vector2i size, sf::Color color);
 
   /// Adds characters side by side, each of `cell` pixels: the glyph of the first one
-  /// `first` cells to the right of `origin` (pixels). Outside the target nothing is
-  /// added.
+  /// `first` cells to the right of `origin` (pixels). Outside the picture nothing is
+  /// added, unless the target is shared.
   /// @param p_font of the glyphs; null leaves glyphs out. It must stay the same and stay
   /// alive until `release`.
   void addRow(sf::Vector2f origin, int first, std::string_view row, sf::Vector2f cell,
@@ -44,7 +46,8 @@ public:
   void draw(sf::RenderTarget &target);
 
   /// From now on, until the next `clear`, somebody else may draw on the target as
-  /// well: nothing is taken for granted about what is on it.
+  /// well, and choose what part of the world it shows: nothing is taken for granted
+  /// about what is on it.
   void shareTarget() { is_shared = true; }
 
   /// Gives back everything: glyphs, texture, memory.
@@ -85,6 +88,7 @@ private:
   bool isUntouched(sf::IntRect area) const;
   Glyph *getGlyph(char ch, unsigned size, const sf::Font *p_font);
   void loadGlyphs(const sf::Font &font);
+  bool makeGlyph(char ch, const sf::Font &font);
   Glyph loadGlyph(char ch, const sf::Font &font, const sf::Image &texture) const;
 
   /// Calls `visit` for areas of the picture, none overlapping another, that together
@@ -104,9 +108,10 @@ private:
   void addQuad(std::vector<sf::Vertex> &triangles, sf::FloatRect area,
                sf::FloatRect texture_area, sf::Color color);
   void drawPicture(sf::RenderTarget &target);
+  bool makeTexture();
   bool isVisible(sf::FloatRect area) const;
 
-  sf::Vector2i target_size; ///< pixels
+  sf::Vector2i picture_size; ///< pixels
   sf::Color clear_color;
   bool is_shared = false;
 
@@ -114,6 +119,7 @@ private:
   std::vector<std::uint32_t> picture; ///< red, green, blue, alpha bytes; row by row
   PixelSet painted; ///< where the picture may differ from the clear colour
   std::optional<sf::Texture> texture;       ///< of the picture
+  bool has_no_texture = false;              ///< it could not be made
   std::vector<sf::Vertex> picture_vertices; ///< kept for its memory only
 
   std::vector<sf::Vertex> vertices;    ///< triangles on top of the picture, not yet drawn
@@ -123,6 +129,8 @@ private:
   const sf::Font *p_glyph_font = nullptr; ///< not owned
   unsigned glyph_size = 0;                ///< character size of `glyphs`, pixels
   std::array<std::optional<Glyph>, 256> glyphs;
+  bool is_font_damaged = false;    ///< no more glyphs are asked for
+  long long glyph_making_time = 0; ///< so far, in microseconds
 };
 
 } // namespace gw

@@ -4,9 +4,25 @@
 #include "LogManager.h"
 #include "utility.h"
 
+#include <cmath>
 #include <cstdio>
+#include <type_traits>
 
 namespace gw {
+
+namespace {
+
+/// Whether the target shows the picture and nothing else.
+bool hasDefaultView(const sf::RenderTarget &target) {
+  const sf::View &view = target.getView();
+  const sf::View &whole = target.getDefaultView();
+  return view.getCenter() == whole.getCenter() && view.getSize() == whole.getSize() &&
+         view.getRotation() == whole.getRotation() &&
+         view.getViewport() == whole.getViewport() &&
+         view.getScissor() == whole.getScissor();
+}
+
+} // namespace
 
 DisplayManager::DisplayManager() {
   setType("DisplayManager");
@@ -74,7 +90,19 @@ sf::RenderWindow *DisplayManager::getWindow() const {
 }
 
 std::optional<sf::Event> DisplayManager::pollEvent() {
-  return p_window ? p_window->pollEvent() : std::nullopt;
+  if (!p_window)
+    return std::nullopt;
+  const std::optional<sf::Event> event = p_window->pollEvent();
+  if (!event)
+    return event;
+  return event->visit([this](auto pending) -> sf::Event {
+    using Kind = decltype(pending);
+    if constexpr (std::is_same_v<Kind, sf::Event::MouseMoved> ||
+                  std::is_same_v<Kind, sf::Event::MouseButtonPressed> ||
+                  std::is_same_v<Kind, sf::Event::MouseButtonReleased>)
+      pending.position = toPicture(pending.position);
+    return pending;
+  });
 }
 
 void DisplayManager::setKeyRepeatEnabled(bool is_enabled) {
@@ -177,7 +205,19 @@ bool DisplayManager::openWindow() {
 
 void DisplayManager::clear() {
   p_window->clear(window_background_color);
-  batch.clear(p_window->getSize(), window_background_color);
+  batch.clear({window_horizontal_pixels, window_vertical_pixels},
+              window_background_color);
+  if (!hasDefaultView(*p_window))
+    batch.shareTarget();
+}
+
+/// The pixel of the picture that is seen at a pixel of the window.
+sf::Vector2i DisplayManager::toPicture(sf::Vector2i window_position) const {
+  constexpr float ROUNDING = 1.f / 64; // more than the library's arithmetic is off by
+  const sf::Vector2f exact =
+      p_window->mapPixelToCoords(window_position, p_window->getDefaultView());
+  return {static_cast<int>(std::floor(exact.x + ROUNDING)),
+          static_cast<int>(std::floor(exact.y + ROUNDING))};
 }
 
 float charWidth() {

@@ -54,6 +54,10 @@ enum Justification : int {
 /// glyph over whatever was there; there is no transparent character. Drawing
 /// outside the window is no error.
 ///
+/// When a window manager makes the window larger or smaller, the picture is scaled with
+/// it: sizes and positions in pixels are everywhere those of the 1024 x 768 picture, the
+/// pointer's as well.
+///
 /// Objects draw during a step; characters are collected and reach the graphics
 /// card together, at the latest when the frame is shown or the window is handed
 /// out.
@@ -65,8 +69,10 @@ public:
   /// Opens the window, hides the mouse pointer, loads the font.
   /// @return 0, also when already started; -1 with an ERROR when the window
   /// cannot be opened (a line on the standard error stream says what to do), and
-  /// when the font cannot be loaded: then the window stays, and drawing goes on
-  /// without glyphs, although the manager is not started
+  /// when the font cannot be loaded: then the window stays until the process ends,
+  /// and drawing goes on without glyphs, although the manager is not started. A
+  /// further start finds that window, returns 0 and does no more: the font is not
+  /// tried again.
   int startUp() override;
 
   /// Closes the window and releases all that drawing needs.
@@ -74,13 +80,16 @@ public:
 
   /// The window, with all drawing done so far in it; stays this manager's. Null
   /// before start-up and after shut-down. Somebody may draw on it now, which makes the
-  /// rest of this frame slower: what needs no drawing has functions of its own.
+  /// rest of this frame slower: what needs no drawing has functions of its own. With a
+  /// view other than its default one (a camera) frames are slower as well, and what is
+  /// drawn outside the grid is shown, too, where the view takes it in.
   sf::RenderWindow *getWindow() const;
 
   /// Whether the window is open. Unlike `getWindow`, asking costs nothing.
   bool hasWindow() const { return p_window != nullptr; }
 
-  /// The window's next pending event; nothing when there is none, or no window.
+  /// The window's next pending event; nothing when there is none, or no window. A
+  /// position of the pointer is that in the picture, in pixels.
   std::optional<sf::Event> pollEvent();
 
   /// Whether a key that is held goes on sending presses. Nothing without a window.
@@ -122,6 +131,7 @@ private:
 
   bool openWindow();
   void clear();
+  sf::Vector2i toPicture(sf::Vector2i window_position) const;
 
   sf::RenderWindow *p_window = nullptr; ///< owned
   sf::Font font;

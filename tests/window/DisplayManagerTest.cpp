@@ -2,6 +2,8 @@
 #include "InputManager.h"
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <limits>
 #include <random>
 
@@ -127,6 +129,29 @@ TEST_F(BadFontDeathTest, LeavesAWindowWithBackgroundsOnly) {
   }
 }
 
+// One unit an em makes each glyph as large as thousands of them are in a good font.
+TEST_F(DisplayManagerTest, ADamagedFontLeavesCharactersOutAndSaysSoOnce) {
+  std::ifstream file(GLIDEWING_RUN_DIR "/gw-font.ttf", std::ios::binary);
+  std::string font(std::istreambuf_iterator<char>(file), {});
+  const auto entry = font.find("head"); // of its table: name, checksum, offset, length
+  ASSERT_NE(entry, std::string::npos);
+  std::size_t table = 0;
+  for (std::size_t i = 8; i < 12; i++)
+    table = table << 8 | static_cast<unsigned char>(font[entry + i]);
+  font[table + 18] = 0; // units an em
+  font[table + 19] = 16;
+  writeFile(gw::FONT_FILE_DEFAULT, font);
+  ASSERT_EQ(gw::DisplayManager::getInstance().startUp(), 0);
+  const Lines log = logOf([] {
+    Canvas canvas(false);
+    canvas.drawString({1, 1}, "letters", gw::LEFT_JUSTIFIED, gw::RED);
+    EXPECT_TRUE(canvas.isRight());
+  });
+  EXPECT_EQ(log, Lines{"WARNING: gw::CharacterBatch::makeGlyph() - The font is damaged. "
+                       "Characters are left out."});
+  gw::DisplayManager::getInstance().shutDown();
+}
+
 TEST_F(DrawingTest, InvalidColorsAreComplainedAbout) {
   const std::string complaint =
       "WARNING: Invalid color provided. Using default glidewing color for ";
@@ -167,6 +192,38 @@ TEST_F(RandomDrawingTest, FramesOfAnythingLookAsDrawnCharacterByCharacter) {
       canvas.nextFrame();
     }
   }
+}
+
+// What a window manager makes of the window, and a game of its view.
+TEST_F(DrawingTest, AScaledWindowShowsAllAndACameraWhatItLooksAt) {
+  gw::DisplayManager &display = gw::DisplayManager::getInstance();
+  const auto expectRed = [&](gw::Vector cell, float x, float y) {
+    display.setBackgroundColor(gw::RED);
+    EXPECT_EQ(display.drawCh(cell, ' ', gw::RED), 0);
+    const sf::Image seen = picture();
+    const sf::Vector2f size(seen.getSize());
+    const auto colorAt = [&](float place) {
+      return seen.getPixel(
+          sf::Vector2u(sf::Vector2f(size.x * place / 1024, size.y * y / 768)));
+    };
+    EXPECT_EQ(colorAt(x), sf::Color::Red) << size.x << " pixels: " << cell.getX();
+    EXPECT_EQ(colorAt(x - 10), sf::Color::Black) << size.x << " pixels: " << cell.getX();
+    display.setBackgroundColor(gw::BLACK);
+    display.swapBuffers();
+    display.swapBuffers();
+  };
+  for (const sf::Vector2u size : {sf::Vector2u(1280, 960), {512, 384}, {1024, 768}}) {
+    display.getWindow()->setSize(size);
+    while (display.pollEvent())
+      continue;
+    display.swapBuffers();
+    expectRed({1, 1}, 12, 27);
+    expectRed({126, 46}, 1012, 747);
+    expectRed({10.3f, 20.3f}, 86, 336); // between pixels
+  }
+  display.getWindow()->setView(sf::View({20000, 1000}, {1024, 768}));
+  expectRed({2500, 62}, 516, 384);
+  expectRed({2500, 62}, 516, 384); // with the view from the start of the frame
 }
 
 TEST_F(DrawingTest, PlacesFarOutsideAndPlacesThatAreNoNumbersDoNoHarm) {
