@@ -24,11 +24,11 @@ int Player::eventHandler(const gw::Event *p_e) {
 }
 
 void Player::pressKey(sf::Keyboard::Key key) {
-  post(sf::Event::KeyPressed{key});
+  post(sf::Event::KeyPressed{key, sf::Keyboard::Scancode::Unknown});
 }
 
 void Player::releaseKey(sf::Keyboard::Key key) {
-  post(sf::Event::KeyReleased{key});
+  post(sf::Event::KeyReleased{key, sf::Keyboard::Scancode::Unknown});
 }
 
 void Player::moveMouse(sf::Vector2i where) {

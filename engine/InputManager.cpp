@@ -34,6 +34,33 @@ constexpr std::array<signed char, sf::Keyboard::KeyCount> KEYS = {
     66,                                                         // Pause
 };
 
+/// The key at that place of a US keyboard, for those that type a character.
+sf::Keyboard::Key keyAt(sf::Keyboard::Scancode place) {
+  using Key = sf::Keyboard::Key;
+  using Place = sf::Keyboard::Scancode;
+  constexpr Key OTHERS[] = {Key::Hyphen,     Key::Equal,     Key::LBracket,
+                            Key::RBracket,   Key::Backslash, Key::Semicolon,
+                            Key::Apostrophe, Key::Grave,     Key::Comma,
+                            Key::Period,     Key::Slash};
+  const auto from = [place](Place first) {
+    return static_cast<int>(place) - static_cast<int>(first);
+  };
+  if (place >= Place::A && place <= Place::Z)
+    return static_cast<Key>(static_cast<int>(Key::A) + from(Place::A));
+  if (place >= Place::Num1 && place <= Place::Num9)
+    return static_cast<Key>(static_cast<int>(Key::Num1) + from(Place::Num1));
+  if (place == Place::Num0)
+    return Key::Num0;
+  if (place >= Place::Hyphen && place <= Place::Slash)
+    return OTHERS[from(Place::Hyphen)];
+  return Key::Unknown;
+}
+
+/// A key without a code is one of a layout without Latin letters.
+template <class KeyEvent> sf::Keyboard::Key keyOf(const KeyEvent &event) {
+  return event.code == sf::Keyboard::Key::Unknown ? keyAt(event.scancode) : event.code;
+}
+
 /// Events that wait for the next `getInput`.
 std::vector<sf::Event> posted;
 
@@ -68,6 +95,7 @@ int InputManager::startUp() {
 
 void InputManager::shutDown() {
   LogManager &log = LogManager::getInstance();
+  posted.clear();
   if (!isStarted()) {
     log.writeLog(INFO, "InputManager is already shut down.");
     return;
@@ -94,9 +122,9 @@ void InputManager::handle(const sf::Event &event) const {
   if (event.is<sf::Event::Closed>())
     GameManager::getInstance().setGameOver(true);
   else if (const auto *pressed = event.getIf<sf::Event::KeyPressed>())
-    sendKey(pressed->code, KEY_PRESSED);
+    sendKey(keyOf(*pressed), KEY_PRESSED);
   else if (const auto *released = event.getIf<sf::Event::KeyReleased>())
-    sendKey(released->code, KEY_RELEASED);
+    sendKey(keyOf(*released), KEY_RELEASED);
   else if (const auto *move = event.getIf<sf::Event::MouseMoved>())
     sendMouse(Mouse::UNDEFINED_MOUSE_BUTTON, MOVED, move->position);
   else if (const auto *press = event.getIf<sf::Event::MouseButtonPressed>())

@@ -20,7 +20,8 @@ public:
   /// WARNING when the display manager is not started
   int startUp() override;
 
-  /// Turns key repeat on again.
+  /// Turns key repeat on again. Events that were posted and not yet handled are
+  /// dropped, also when the manager was not started.
   void shutDown() override;
 
   /// Takes every event that was posted and then every pending event from the
@@ -34,7 +35,9 @@ public:
   void postEvent(const sf::Event &event) const;
 
   /// The engine's key or button for one of the window library's; undefined for
-  /// those that the engine does not know, whatever the code. @{
+  /// those that the engine does not know, whatever the code. A key that has no code on
+  /// the user's keyboard layout, as letters of other scripts, counts as the key at its
+  /// place on a US keyboard when it is pressed or released. @{
   Keyboard::Key mapSFMLKeyToGlidewingKey(sf::Keyboard::Key key) const;
   Mouse::Button mapSFMLButtonToGlidewingButton(sf::Mouse::Button button) const; ///@}
 

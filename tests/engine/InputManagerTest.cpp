@@ -1,6 +1,5 @@
 #include "InputManager.h"
-
-#include <gtest/gtest.h>
+#include "EngineTest.h"
 
 #include <climits>
 #include <map>
@@ -57,6 +56,15 @@ TEST(InputManager, ExactlySixtySevenKeysAreMappedEachByItsName) {
         << code;
     EXPECT_EQ(input.isSFMLKeyValid(SF(code)), known) << code;
   }
+}
+
+TEST_F(EngineTest, PostedInputEndsWithTheEngineItWasPostedTo) {
+  gw::InputManager &input = gw::InputManager::getInstance();
+  const auto *p_recorder = new Recorder;
+  input.postEvent(sf::Event::KeyPressed{SF::P});
+  input.shutDown();
+  input.getInput();
+  EXPECT_EQ(p_recorder->heard.size(), 0U);
 }
 
 TEST(InputManager, ThreeButtonsAreMappedAndNoOther) {

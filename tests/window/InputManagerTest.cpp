@@ -89,6 +89,15 @@ TEST_F(InputManagerTest, KeysAndPointerBecomeEventsInTheirOrder) {
           "press 1 at 0.5, 0.5", "release 1 at 0.5, 0.5"});
   expect("click 8", {"press -1 at 0.5, 0.5", "release -1 at 0.5, 0.5"});
   expect("click 4 click 5 key q", {"key down 43", "key up 43"});
+  expect("windowsize --sync $W 1280 960 mousemove --window $W 640 481",
+         {"move -1 at 64, 24"});
+  expect("mousemove --window $W 1279 959", {"move -1 at 127.875, 47.9375"});
+  expect("windowsize --sync $W 1024 768 mousemove --window $W 4 8",
+         {"move -1 at 0.5, 0.5"});
+  act("setxkbmap ru"); // without Latin letters; the keys at the places of P, Q and [
+  expect("key 33 key 24 key 34", {"key down 42", "key up 42", "key down 43", "key up 43",
+                                  "key down -1", "key up -1"});
+  act("setxkbmap us");
   expect("mousedown 1 keydown p key q mousemove --window $W 0 0 keyup p mouseup 1",
          {"press 0 at 0.5, 0.5", "key down 42", "key down 43", "key up 43",
           "move -1 at 0, 0", "key up 42", "release 0 at 0, 0"});
