@@ -5,6 +5,7 @@
 #include "Digest.h"
 #include "GameManager.h"
 #include "LogManager.h"
+#include "PlaybackDevice.h"
 #include "Random.h"
 #include "Recording.h"
 #include "ReplayPlayer.h"
@@ -14,7 +15,6 @@
 #include "tazlet.h"
 
 #include <CLI/CLI.hpp>
-#include <SFML/Audio/PlaybackDevice.hpp>
 
 #include <chrono>
 #include <cinttypes>
@@ -101,7 +101,7 @@ bool startEngine(bool window) {
     gw::ResourceManager::getInstance().startUp();
     gw::WorldManager::getInstance().startUp();
     // Nobody listens, and nobody should be disturbed.
-    static_cast<void>(sf::PlaybackDevice::setDeviceToNull());
+    gw::silencePlayback();
   }
   log.setLogLevel(gw::ALL);
   log.setFlush(true);

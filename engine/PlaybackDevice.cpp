@@ -3,6 +3,7 @@
 #include "LogManager.h"
 
 #include <SFML/Audio.hpp>
+#include <SFML/Config.hpp>
 
 #include <optional>
 #include <string>
@@ -17,7 +18,21 @@ constexpr const char *NULL_DEVICE = "NULL Playback Device";
 
 bool looked = false;
 
+/// @return false also where the library has no way to, which came with 3.1
+bool selectNullDevice() {
+#if SFML_VERSION_MAJOR > 3 || SFML_VERSION_MINOR >= 1
+  return sf::PlaybackDevice::setDeviceToNull();
+#else
+  return false;
+#endif
+}
+
 } // namespace
+
+void silencePlayback() {
+  if (!selectNullDevice())
+    sf::Listener::setGlobalVolume(0);
+}
 
 void requirePlaybackDevice() {
   if (looked)
@@ -26,7 +41,7 @@ void requirePlaybackDevice() {
   const std::optional<std::string> device = sf::PlaybackDevice::getDevice();
   if (device && device != NULL_DEVICE)
     return;
-  const bool silenced = device || sf::PlaybackDevice::setDeviceToNull();
+  const bool silenced = device || selectNullDevice();
   LogManager::getInstance().writeLog(
       WARNING, "gw::requirePlaybackDevice() - No playback device can be opened. %s",
       silenced ? "Going on without sound." : "The null device cannot be opened either.");
