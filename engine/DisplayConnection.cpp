@@ -13,13 +13,22 @@ namespace gw {
 
 namespace {
 
-int onDisplayLoss(Display *) {
+[[noreturn]] void endProcess() {
   LogManager &log = LogManager::getInstance();
   if (log.isStarted())
     log.writeLog(ERROR, "The connection to the display was lost.");
   std::fprintf(stderr, "The connection to the display was lost.\n");
   std::fflush(nullptr);
   std::_Exit(1);
+}
+
+int onDisplayLoss(Display *) {
+  endProcess();
+}
+
+/// The server refuses what no correct program would ask for: the window is gone.
+int onError(Display *, XErrorEvent *) {
+  endProcess();
 }
 
 } // namespace
@@ -42,6 +51,7 @@ bool DisplayConnection::canOpenWindow() const {
 
 void endProcessOnDisplayLoss() {
   XSetIOErrorHandler(onDisplayLoss);
+  XSetErrorHandler(onError);
 }
 
 } // namespace gw

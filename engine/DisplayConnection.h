@@ -26,8 +26,10 @@ private:
 };
 
 /// From now on the loss of the display server ends the process with status 1,
-/// after one line in the log (ERROR) and one on the standard error stream. Nothing
-/// else is tidied up: every library that could do it would want the server.
+/// after one line in the log (ERROR) and one on the standard error stream. So does the
+/// server's refusal to show the window, as when somebody else destroyed it or the
+/// screen has too few colours. Nothing else is tidied up: every library that could do
+/// it would want the server.
 void endProcessOnDisplayLoss();
 
 } // namespace gw

@@ -65,9 +65,18 @@ void WorldManager::shutDown() {
     return;
   }
   log.writeLog(INFO, "WorldManager is shutting down.");
-  const ObjectList objects = updates;
-  for (int i = 0; i < objects.getCount(); i++)
-    delete objects[i];
+  // Destructors may create objects. Whoever does so without end is stopped.
+  constexpr int MOST_ROUNDS = 100;
+  for (int round = 0; round < MOST_ROUNDS && !updates.isEmpty(); round++) {
+    const ObjectList objects = updates;
+    for (int i = 0; i < objects.getCount(); i++)
+      delete objects[i];
+  }
+  if (!updates.isEmpty())
+    log.writeLog(ERROR,
+                 "gw::WorldManager::shutDown() - Destructors create objects without end. "
+                 "%d are left.",
+                 updates.getCount());
   deletions.clear();
   Manager::shutDown();
 }

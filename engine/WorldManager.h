@@ -27,7 +27,7 @@ public:
   /// @return 0. Objects that exist already stay.
   int startUp() override;
 
-  /// Deletes all objects.
+  /// Deletes all objects, those that destructors create meanwhile as well.
   void shutDown() override;
 
   /// A copy of the list of all objects, in list order.

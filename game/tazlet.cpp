@@ -66,6 +66,7 @@ int main() {
   gw::GameManager &game = gw::GameManager::getInstance();
   gw::LogManager &log = gw::LogManager::getInstance();
   if (game.startUp() != 0) {
+    log.setLogLevel(gw::ALL); // which the next line has
     log.writeLog("Error starting GameManager!");
     game.shutDown();
     return 1;

@@ -190,6 +190,14 @@ TEST_F(WorldManagerTest, AMarkHoldsForANewObjectAtTheAddressOfADeletedOne) {
   EXPECT_EQ(update(), Journal{"third deleted"});
 }
 
+TEST_F(WorldManagerTest, WhatADestructorCreatesAtShutDownGoesToo) {
+  add("a")->onDelete = [this] { add("b")->onDelete = [this] { add("c"); }; };
+  add("d");
+  world.shutDown();
+  EXPECT_EQ(journal, (Journal{"a deleted", "d deleted", "b deleted", "c deleted"}));
+  EXPECT_EQ(world.getAllObjects().getCount(), 0);
+}
+
 TEST_F(WorldManagerTest, DrawingGoesByAltitudeAndThenByTheList) {
   const std::pair<const char *, int> cases[] = {{"a", 4}, {"b", 0}, {"c", 2}, {"d", 3},
                                                 {"e", 2}, {"f", 1}, {"g", 0}};

@@ -3,10 +3,16 @@
 #include <cstdlib>
 
 /// Asks a window to close, as a click on a close button does: close-window NUMBER
+/// Destroys it without asking: close-window NUMBER destroy
 int main(int argc, char **argv) {
   Display *display = XOpenDisplay(nullptr);
-  if (!display || argc != 2)
+  if (!display || argc < 2)
     return 1;
+  if (argc == 3) {
+    XDestroyWindow(display, std::strtoul(argv[1], nullptr, 0));
+    XCloseDisplay(display);
+    return 0;
+  }
   XEvent event{};
   event.xclient.type = ClientMessage;
   event.xclient.window = std::strtoul(argv[1], nullptr, 0);

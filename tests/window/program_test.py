@@ -203,6 +203,7 @@ class Program(unittest.TestCase):
                 self.start(DISPLAY=display)
                 self.end(status=1)
                 self.assertEqual(self.errors(), NO_WINDOW)
+                self.assertIn("ALL: Error starting GameManager!", self.log())
 
     def start_server(self, *options):
         """Starts an X server for this test alone; returns it and its display."""
@@ -225,9 +226,22 @@ class Program(unittest.TestCase):
         self.start("tazlet", "gw-font.ttf", DISPLAY=display)
         self.until(lambda: any("'StartMusic'" in line for line in self.log()), "menu")
         server.terminate()
+        self.expect_lost_display()
+
+    def expect_lost_display(self):
         self.end(status=1)
         self.assertEqual(self.log()[-1], "ERROR: The connection to the display was lost.")
         self.assertEqual(self.errors().splitlines()[-1], "The connection to the display was lost.")
+
+    def test_losing_the_window_ends_the_program_with_a_line(self):
+        self.open("tazlet", "gw-font.ttf")
+        subprocess.run([CLOSE_WINDOW, self.window, "destroy"], check=True)
+        self.expect_lost_display()
+
+    def test_a_screen_of_too_few_colours_ends_the_program_with_a_line(self):
+        _, display = self.start_server("+extension", "GLX", "-screen", "0", "1280x1024x16")
+        self.start("tazlet", "gw-font.ttf", DISPLAY=display)
+        self.expect_lost_display()
 
     def test_without_a_log_file_it_plays_and_explains(self):
         (self.run_dir / "glidewing.log").mkdir()
