@@ -18,8 +18,8 @@ unsigned toNumber(std::string bytes, ByteOrder order) {
   if (order == little_endian)
     std::reverse(bytes.begin(), bytes.end());
   unsigned number = 0;
-  for (const unsigned char byte : bytes)
-    number = number << 8 | byte;
+  for (const char byte : bytes)
+    number = number << 8 | static_cast<unsigned char>(byte);
   return number;
 }
 
