@@ -47,6 +47,23 @@ sfml_runtime_dir() {
     printf '%s\n' "$dir"
 }
 
+# The name of the Debian release that this machine is, or is made of.
+debian_codename() {
+    # shellcheck source=/dev/null
+    (source /etc/os-release && printf '%s' "${DEBIAN_CODENAME:-${VERSION_CODENAME:-}}")
+}
+
+# The address of the Debian archive that this machine uses, from its own
+# configuration; empty when it uses none, or when it has not read its lists yet.
+debian_archive() {
+    # shellcheck disable=SC2016  # apt fills these in
+    apt-get indextargets --format \
+        '$(CREATED_BY) $(ORIGIN) $(LABEL) $(CODENAME) $(COMPONENT) $(REPO_URI)' 2>/dev/null |
+        awk -v codename="$(debian_codename)" '$1 == "Packages" && $2 == "Debian" &&
+            $3 == "Debian" && $4 == codename && $5 == "main" && $6 !~ /^cdrom:/ && !found++ {
+                print $6 }'
+}
+
 # Configures and builds a preset, quietly unless it fails. What follows the preset
 # are options of cmake --build.
 build() {
