@@ -1,12 +1,22 @@
 # Small helpers shared by the scripts; sourced, never run:
 #
-#   source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+#   source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/lib.sh"
 #   cd "$root"
 #
 # Sets `root`, the absolute path of the checkout. Changes nothing else.
 
 # shellcheck shell=bash
-# shellcheck disable=SC2034  # root is for the scripts that source this file
+# shellcheck disable=SC2034  # some is for the scripts that source this file
+
+# In words that every bash knows, however old:
+case $OSTYPE in
+    linux*) ;;
+    *)
+        echo "${0##*/}: the scripts are for Linux. Here, install CMake, Ninja and SFML 3, then: cmake --preset play && cmake --build --preset play" >&2
+        exit 1
+        ;;
+esac
+
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." >/dev/null && pwd -P)
 
 # One line of progress on the standard output.
@@ -64,10 +74,15 @@ debian_archive() {
                 print $6 }'
 }
 
-# Configures and builds a preset, quietly unless it fails. What follows the preset
-# are options of cmake --build.
+# Configures a preset, quietly unless it fails. GLIDEWING_FONT names a font of the
+# user's own.
+configure() {
+    cmake --preset "$1" --log-level=NOTICE ${GLIDEWING_FONT:+"-DGLIDEWING_FONT=$GLIDEWING_FONT"} >/dev/null
+}
+
+# Configures and builds a preset. What follows the preset are options of cmake --build.
 build() {
-    cmake --preset "$1" --log-level=NOTICE >/dev/null
+    configure "$1"
     cmake --build --preset "$@" -- --quiet
 }
 
