@@ -130,7 +130,7 @@ END_OF_CONFIGURATION
     # apt fetches as a user of its own, which must be able to get in here.
     chmod 755 "$scratch"
     say 'Reading the lists of the Debian suites that have SFML 3 ...'
-    update_with apt-get -q -c "$scratch/apt.conf"
+    update_with "${impatient[@]}" apt-get -q -c "$scratch/apt.conf"
 }
 
 # download PACKAGE...: into $scratch/debs.
