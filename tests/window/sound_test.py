@@ -44,12 +44,23 @@ def tone(hertz, seconds, loudness):
                              for i in range(round(seconds * RATE))))
 
 
-def moments(samples, hertz):
-    """Where this tone begins to be heard, in seconds."""
+def is_dry(window):
+    """Whether the sound card ran dry: the music never stops, so the game sends no 5 ms of
+    silence. On a busy machine it comes too late at times, and the server fills the hole."""
+    return bytes(2 * RATE // 200) in window.tobytes()
+
+
+def moments(windows, hertz):
+    """Where this tone begins to be heard, in seconds. A hole holds it up, but does not end it."""
     turns = [cmath.exp(2j * math.pi * hertz * i / RATE) for i in range(WINDOW)]
-    heard = [abs(sum(map(operator.mul, samples[i : i + WINDOW], turns))) > 0.01 * 32768 * WINDOW
-             for i in range(0, len(samples) - WINDOW, WINDOW)]
-    return [i * WINDOW / RATE for i in range(1, len(heard)) if heard[i] and not heard[i - 1]]
+    begins, was_heard = [], False
+    for i, window in enumerate(windows):
+        if not is_dry(window):
+            heard = abs(sum(map(operator.mul, window, turns))) > 0.01 * 32768 * WINDOW
+            if heard and not was_heard:
+                begins.append(i * WINDOW / RATE)
+            was_heard = heard
+    return begins
 
 
 class Sound(unittest.TestCase):
@@ -61,7 +72,8 @@ class Sound(unittest.TestCase):
         return process
 
     def record_game(self):
-        """Everything that the sound card got while the game was played, as samples."""
+        """Everything that the sound card got, window by window, and where in it the game was
+        launched, in seconds."""
         directory = tempfile.TemporaryDirectory(prefix="glidewing-test-")
         self.addCleanup(directory.cleanup)
         run_dir = pathlib.Path(directory.name) / "run"
@@ -87,6 +99,7 @@ class Sound(unittest.TestCase):
                                   stdout=heard, env=env)
             while os.fstat(heard.fileno()).st_size == 0:
                 time.sleep(0.05)  # until it listens
+            launched = os.fstat(heard.fileno()).st_size / 2 / RATE
             played = subprocess.run([DEMO, "--window", "--replay", "game.txt"], text=True,
                                     cwd=run_dir, env={**env, "LD_PRELOAD": str(PRELOAD)},
                                     capture_output=True, timeout=50)
@@ -94,17 +107,19 @@ class Sound(unittest.TestCase):
             recorder.wait()
         self.assertEqual(played.returncode, 0, played.stderr)
         self.assertIn("rows sold 1", played.stdout)
-        return array.array("h", (run_dir / "heard.raw").read_bytes()[: 2 * WINDOW * 400])
+        samples = array.array("h", (run_dir / "heard.raw").read_bytes())
+        return [samples[i : i + WINDOW] for i in range(0, len(samples) - WINDOW, WINDOW)], launched
 
     def test_music_and_effects_are_heard_at_their_moments(self):
-        samples = self.record_game()
+        windows, launched = self.record_game()
         [start], spawns, [click, second_click], [pin], [clear], game_overs, [music] = (
-            moments(samples, hertz) for hertz in TONES.values())
+            moments(windows, hertz) for hertz in TONES.values())
         self.assertEqual(game_overs, [])
         self.assertTrue(spawns)
-        # A step takes 33 ms at least: 60 steps to the start, 88 between the clicks.
-        self.assertGreater(start - music, 1.8)
-        self.assertGreater(second_click - click, 2.8)
+        self.assertLess(music, start)
+        # A busy machine makes any of them late, and the game catches up: none is early.
+        self.assertGreater(start - launched, 60 * 0.033)
+        self.assertGreater(second_click - launched, 150 * 0.033)
         # The click, the pin and the sale belong to one press, two steps after the start.
         self.assertLess(max(click, pin, clear) - min(click, pin, clear), 0.15)
         self.assertGreaterEqual(min(click, pin, clear), start)
