@@ -30,9 +30,10 @@ class SpriteTest(unittest.TestCase):
 
     def test_the_games_sprites_are_good_and_a_bad_file_is_named_with_line_and_reason(self):
         self.assertEqual(self.run_tool("check", *BEE.parent.glob("*")).count(": good, "), 13)
-        pathlib.Path("bad.txt").write_text("1\n3\n2\n0\nred\nabc\nab\x1bd\n")
+        pathlib.Path("bad.txt").write_text("1\n3\n2\n0\nred\nabc\nab\x1b\x9bé\n")
         said = self.run_tool("check", "bad.txt", BEE, status=1).split("bad.txt: ")
-        self.assertEqual(said[1:], ["Line 7: Line width 4, expected 3.\n", "Line is: 'ab?d'\n"])
+        self.assertEqual(said[1:], ["Line 7: Line width 7, expected 3.\n",
+                                    "Line is: 'ab\\x1b\\xc2\\x9bé'\n"])
         for arguments in (), ("check",), ("png", BEE), ("show", BEE, "--frame", "-1"):
             self.run_tool(*arguments, status=2)
 

@@ -5,8 +5,6 @@
 #include "TemporaryDirectory.h"
 #include "utility.h"
 
-#include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <system_error>
 
@@ -51,9 +49,9 @@ LoadedSprite SpriteLoader::load(const std::string &filename) {
   if (file.is_open()) {
     loaded.sprite = gw::readSprite(file);
     for (const std::string &line : takeLogLines())
-      loaded.messages.push_back(printable(filename + ": " + messageOf(line)));
+      loaded.messages.push_back(gw::printable(filename + ": " + messageOf(line)));
   } else {
-    loaded.messages.push_back(printable(filename + ": Could not open sprite file."));
+    loaded.messages.push_back(gw::printable(filename + ": Could not open sprite file."));
   }
   return loaded;
 }
@@ -64,10 +62,4 @@ std::vector<std::string> SpriteLoader::takeLogLines() {
   for (std::string line; std::getline(log, line);)
     lines.push_back(line);
   return lines;
-}
-
-std::string printable(std::string text) {
-  std::replace_if(
-      text.begin(), text.end(), [](unsigned char ch) { return std::iscntrl(ch); }, '?');
-  return text;
 }

@@ -31,6 +31,3 @@ private:
 
   std::ifstream log; ///< the engine's log, read up to its present end
 };
-
-/// `text` for a terminal: no byte of it is a control character.
-std::string printable(std::string text);

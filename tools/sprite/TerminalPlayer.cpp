@@ -1,6 +1,7 @@
 #include "TerminalPlayer.h"
 
 #include "GameManager.h"
+#include "utility.h"
 
 #include <sys/ioctl.h>
 #include <sys/stat.h>
@@ -96,8 +97,8 @@ void drawScreen(const std::vector<std::string> &lines, const std::string &color,
 std::string statusLine(const std::string &filename, const gw::Sprite &sprite, int frame,
                        Size size) {
   const std::string name = std::filesystem::path(filename).filename();
-  std::string line = printable(name) + ": " + std::to_string(sprite.getWidth()) + " x " +
-                     std::to_string(sprite.getHeight()) + ", frame " +
+  std::string line = gw::printable(name) + ": " + std::to_string(sprite.getWidth()) +
+                     " x " + std::to_string(sprite.getHeight()) + ", frame " +
                      std::to_string(frame) + " of 0 to " +
                      std::to_string(sprite.getFrameCount() - 1) + ", slowdown " +
                      std::to_string(sprite.getSlowdown());

@@ -3,7 +3,9 @@
 
 #include "Picture.h"
 #include "SpriteLoader.h"
+#include "StandardStreams.h"
 #include "TerminalPlayer.h"
+#include "utility.h"
 
 #include <CLI/CLI.hpp>
 
@@ -34,7 +36,7 @@ struct Options {
 };
 
 int fail(const std::string &reason) {
-  std::fprintf(stderr, "gw-sprite: %s\n", reason.c_str());
+  std::fprintf(stderr, "gw-sprite: %s\n", gw::printable(reason).c_str());
   return FAILED;
 }
 
@@ -45,7 +47,7 @@ int check(const Options &options, SpriteLoader &loader) {
     if (!loaded.sprite)
       status = FAILED;
     else
-      std::printf("%s: good, frames: %d of %d x %d\n", printable(file).c_str(),
+      std::printf("%s: good, frames: %d of %d x %d\n", gw::printable(file).c_str(),
                   loaded.sprite->getFrameCount(), loaded.sprite->getWidth(),
                   loaded.sprite->getHeight());
     for (const std::string &message : loaded.messages)
@@ -65,8 +67,8 @@ bool load(const Options &options, SpriteLoader &loader, LoadedSprite &loaded) {
     return false;
   const int last = loaded.sprite->getFrameCount() - 1;
   if (options.frame > last)
-    fail(printable(file) + ": no frame " + std::to_string(options.frame) +
-         ", the last one is " + std::to_string(last));
+    fail(file + ": no frame " + std::to_string(options.frame) + ", the last one is " +
+         std::to_string(last));
   return options.frame <= last;
 }
 
@@ -89,7 +91,7 @@ int draw(const Options &options, SpriteLoader &loader, bool animated) {
     return FAILED;
   const gw::Sprite &sprite = *loaded.sprite;
   if (!fitsPicture(sprite, animated || options.all ? sprite.getFrameCount() : 1))
-    return fail(printable(options.files.front()) + ": too large for a picture");
+    return fail(options.files.front() + ": too large for a picture");
   GlyphRasterizer rasterizer;
   if (!rasterizer.open(options.font))
     return fail(options.font + ": no font that can be read; name one with --font");
@@ -139,6 +141,9 @@ CLI::Option *addFrameOption(CLI::App *p_command, Options &options,
 int run(int argc, char **argv) {
   CLI::App app("Checks sprite files, shows them and makes pictures of them.",
                "gw-sprite");
+  app.failure_message([](const CLI::App *, const CLI::Error &error) {
+    return gw::printable(error.what()) + "\nRun with --help for more information.\n";
+  });
   app.require_subcommand(1);
   app.footer("Exit status: 0 when all is good, 1 when a file is bad or the work could "
              "not be done,\n2 for wrong usage. docs/sprite-format.md says what a sprite "
@@ -187,6 +192,7 @@ int run(int argc, char **argv) {
 } // namespace
 
 int main(int argc, char **argv) {
+  gw::keepStandardStreams();
   const int status = run(argc, argv);
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
     return fail("standard output cannot be written");
