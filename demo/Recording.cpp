@@ -23,6 +23,12 @@ bool parse(const std::string &word, long long low, long long high, long long &va
   return stream >> value && stream.eof() && value >= low && value <= high;
 }
 
+/// What a message shows of a word, however long that is.
+std::string quote(const std::string &word) {
+  constexpr std::size_t LONGEST = 200;
+  return '"' + word.substr(0, LONGEST) + '"';
+}
+
 /// Reads the recording's lines into `recording`.
 class Parser {
 public:
@@ -79,7 +85,7 @@ private:
     while (kind < KINDS.size() && words[1] != KINDS[kind])
       kind++;
     if (kind == KINDS.size())
-      return "unknown event \"" + words[1] + "\"";
+      return "unknown event " + quote(words[1]);
     event.kind = static_cast<InputEvent::Kind>(kind);
     std::string reason = takeDetails(words, event);
     if (reason.empty()) {
@@ -94,7 +100,7 @@ private:
     std::vector<long long> numbers(words.size() - 2);
     for (std::size_t i = 0; i < numbers.size(); i++)
       if (!parse(words[i + 2], -LIMIT, LIMIT, numbers[i]))
-        return "\"" + words[i + 2] + "\" is not a number in range";
+        return quote(words[i + 2]) + " is not a number in range";
     if (isKey(event.kind)) {
       if (numbers.size() != 1 || numbers[0] < -1 || numbers[0] >= sf::Keyboard::KeyCount)
         return "expected one key code, -1 to 100";
@@ -140,6 +146,7 @@ void RecordingWriter::write(const InputEvent &event) {
 
 void RecordingWriter::finish(int steps) {
   file << "end " << steps << std::endl;
+  file.close();
 }
 
 std::optional<Recording> readRecording(const std::string &filename, std::string &error) {
@@ -152,20 +159,18 @@ std::optional<Recording> readRecording(const std::string &filename, std::string 
   }
   Recording recording;
   Parser parser(recording);
-  int line_number = 0;
-  for (std::string line; std::getline(file, line);) {
-    line_number++;
+  int line_number = 1;
+  std::string reason;
+  for (std::string line; reason.empty() && std::getline(file, line) && !file.eof();) {
     gw::discardCarriageReturn(line);
-    const std::string reason = parser.take(line);
-    if (!reason.empty()) {
-      error = filename + ":" + std::to_string(line_number) + ": " + reason;
-      return std::nullopt;
-    }
+    reason = parser.take(line);
+    if (reason.empty())
+      line_number++;
   }
-  if (!parser.isComplete()) {
-    error =
-        filename + ":" + std::to_string(line_number + 1) + ": the recording is cut short";
-    return std::nullopt;
-  }
-  return recording;
+  if (reason.empty() && !parser.isComplete())
+    reason = "the recording is cut short";
+  if (reason.empty())
+    return recording;
+  error = filename + ":" + std::to_string(line_number) + ": " + reason;
+  return std::nullopt;
 }

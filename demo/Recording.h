@@ -34,20 +34,23 @@ struct Recording {
 /// survives the end of the process.
 class RecordingWriter {
 public:
+  /// Empties the file, or makes it.
   RecordingWriter(const std::string &filename, unsigned seed);
 
-  /// False when the file could not be written.
+  /// False once something could not be written. Nothing is written from then on.
   bool isGood() const { return file.good(); }
 
   void write(const InputEvent &event);
 
-  /// The last line. Without it the recording ends with its last event.
+  /// The last line; then the file is closed. Without it the recording ends with its
+  /// last event.
   void finish(int steps);
 
 private:
   std::ofstream file;
 };
 
+/// A last line that is torn (it has no end) does not count.
 /// @return the recording; nothing when the file cannot be read or is malformed,
 /// and then `error` says why, as "file:line: reason"
 std::optional<Recording> readRecording(const std::string &filename, std::string &error);

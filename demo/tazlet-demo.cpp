@@ -10,9 +10,11 @@
 #include "Recording.h"
 #include "ReplayPlayer.h"
 #include "ResourceManager.h"
+#include "StandardStreams.h"
 #include "Witness.h"
 #include "WorldManager.h"
 #include "tazlet.h"
+#include "utility.h"
 
 #include <CLI/CLI.hpp>
 
@@ -31,13 +33,18 @@ constexpr int DIGEST_STEPS = 100; ///< between two digests
 
 struct Options {
   unsigned seed = 1;
-  long long steps = 5000;                            ///< 0: until interrupted
+  std::optional<long long> steps = 5000;             ///< none: until interrupted
   std::optional<Profile> profile = Profile::skilled; ///< none: a person
   bool window = false;
   bool digest = false;
   std::string record_file;
   std::string replay_file;
 };
+
+int fail(const std::string &reason) {
+  std::fprintf(stderr, "tazlet-demo: %s\n", gw::printable(reason).c_str());
+  return 1;
+}
 
 volatile std::sig_atomic_t interrupted = 0;
 
@@ -48,11 +55,15 @@ void onInterrupt(int) {
 /// @return whether to go on; else `status` is the process's
 bool readOptions(int argc, char **argv, Options &options, int &status) {
   CLI::App app("Plays tazlet by itself.", "tazlet-demo");
+  app.failure_message([](const CLI::App *, const CLI::Error &error) {
+    return gw::printable(error.what()) + "\nRun with --help for more information.\n";
+  });
+  long long steps = *options.steps;
   std::string profile = "skilled";
   bool headless = false;
   app.add_option("--seed", options.seed, "of the game and of the player")
       ->capture_default_str();
-  app.add_option("--steps", options.steps, "33 ms each; 0 goes on until interrupted")
+  app.add_option("--steps", steps, "33 ms each; 0 goes on until interrupted")
       ->check(CLI::NonNegativeNumber)
       ->capture_default_str();
   app.add_option("--profile", profile, "how to play; \"human\" leaves it to you")
@@ -75,6 +86,10 @@ bool readOptions(int argc, char **argv, Options &options, int &status) {
     status = app.exit(error);
     return false;
   }
+  if (steps == 0)
+    options.steps.reset();
+  else
+    options.steps = steps;
   const std::map<std::string, Profile> profiles = {{"skilled", Profile::skilled},
                                                    {"random", Profile::random},
                                                    {"greedy", Profile::greedy},
@@ -83,8 +98,7 @@ bool readOptions(int argc, char **argv, Options &options, int &status) {
   options.profile =
       found == profiles.end() ? std::nullopt : std::optional<Profile>(found->second);
   if (!options.profile && !options.window) {
-    std::fprintf(stderr, "tazlet-demo: a person needs --window\n");
-    status = 1;
+    status = fail("a person needs --window");
     return false;
   }
   return true;
@@ -126,7 +140,8 @@ void printDigest(long long step) {
 /// Says every few seconds how far a long run is.
 class Progress {
 public:
-  explicit Progress(long long init_total) : total(init_total) {}
+  explicit Progress(std::optional<long long> steps)
+      : total(steps ? " of " + std::to_string(*steps) : "") {}
 
   void report(long long step) {
     constexpr long long STEPS_BETWEEN_LOOKS = 1000;
@@ -134,8 +149,8 @@ public:
     if (step % STEPS_BETWEEN_LOOKS != 0 || Clock::now() < last + PAUSE)
       return;
     const std::chrono::duration<double> elapsed = Clock::now() - last;
-    std::fprintf(stderr, "tazlet-demo: %lld of %lld steps, %.0f a second\n", step, total,
-                 static_cast<double>(step - last_step) / elapsed.count());
+    std::fprintf(stderr, "tazlet-demo: %lld%s steps, %.0f a second\n", step,
+                 total.c_str(), static_cast<double>(step - last_step) / elapsed.count());
     last = Clock::now();
     last_step = step;
   }
@@ -143,22 +158,22 @@ public:
 private:
   using Clock = std::chrono::steady_clock;
 
-  long long total;
+  std::string total; ///< in words, if there is one
   Clock::time_point last = Clock::now();
   long long last_step = 0;
 };
 
-/// Runs the game until it is over, interrupted or long enough.
-/// @return steps
-long long run(const Options &options) {
+/// Runs the game until it is over, interrupted or long enough, or until what it is to
+/// write cannot be written. @param p_writer null for none @return steps
+long long run(const Options &options, const RecordingWriter *p_writer) {
   gw::GameManager &game = gw::GameManager::getInstance();
   // Lateness that is never paid back keeps the loop from sleeping.
   constexpr long long NEVER_SLEEP = std::numeric_limits<int>::max();
   Progress progress(options.steps);
   long long adjust_time = 0;
   long long step = 0;
-  while (!game.getGameOver() && !interrupted &&
-         (options.steps == 0 || step < options.steps)) {
+  while (!game.getGameOver() && !interrupted && !std::ferror(stdout) &&
+         (!p_writer || p_writer->isGood()) && step != options.steps) {
     adjust_time = game.runStep(options.window ? adjust_time : NEVER_SLEEP);
     step++;
     if (options.digest && step % DIGEST_STEPS == 0)
@@ -181,37 +196,10 @@ void printAchievements(long long steps, const Achievements &reached) {
     std::printf("This run reached nothing: no point was made.\n");
 }
 
-} // namespace
-
-int main(int argc, char **argv) {
-  Options options;
-  int status = 0;
-  if (!readOptions(argc, argv, options, status))
-    return status;
-
-  std::optional<Recording> recording;
-  if (!options.replay_file.empty()) {
-    std::string error;
-    recording = readRecording(options.replay_file, error);
-    if (!recording) {
-      std::fprintf(stderr, "tazlet-demo: %s\n", error.c_str());
-      return 1;
-    }
-    options.seed = recording->seed;
-    options.steps = recording->steps;
-  }
-  std::optional<RecordingWriter> writer;
-  if (!options.record_file.empty()) {
-    writer.emplace(options.record_file, options.seed);
-    if (!writer->isGood()) {
-      std::fprintf(stderr, "tazlet-demo: %s: cannot be written\n",
-                   options.record_file.c_str());
-      return 1;
-    }
-  }
-
-  if (!startEngine(options.window))
-    return 1;
+/// Plays a game, once the engine is started. @param recording to be played again
+/// @param p_writer null for none
+void play(const Options &options, const std::optional<Recording> &recording,
+          RecordingWriter *p_writer) {
   std::signal(SIGINT, onInterrupt);
   gw::srand(options.seed);
   loadResources();
@@ -223,14 +211,50 @@ int main(int argc, char **argv) {
     new AutoPlayer(*options.profile, options.seed);
   else
     new ReplayPlayer(Recording()); // leaves it to the person
-  const auto *p_witness = new Witness(writer ? &*writer : nullptr);
+  const auto *p_witness = new Witness(p_writer);
 
-  const long long steps = run(options);
+  const long long steps = run(options, p_writer);
   if (options.digest && steps % DIGEST_STEPS != 0)
     printDigest(steps);
   printAchievements(steps, p_witness->getAchievements());
-  if (writer)
-    writer->finish(static_cast<int>(steps));
+  if (p_writer)
+    p_writer->finish(static_cast<int>(steps));
+}
+
+/// Reads the command line and does what it says. @return the exit status
+int run(int argc, char **argv) {
+  Options options;
+  int status = 0;
+  if (!readOptions(argc, argv, options, status))
+    return status;
+  std::optional<Recording> recording;
+  if (!options.replay_file.empty()) {
+    std::string error;
+    recording = readRecording(options.replay_file, error);
+    if (!recording)
+      return fail(error);
+    options.seed = recording->seed;
+    options.steps = recording->steps;
+  }
+  if (!startEngine(options.window))
+    return 1;
+  // Not before: a file of this name stays as it is when nothing starts.
+  std::optional<RecordingWriter> writer;
+  if (!options.record_file.empty())
+    writer.emplace(options.record_file, options.seed);
+  if (!writer || writer->isGood())
+    play(options, recording, writer ? &*writer : nullptr);
   stopEngine(options.window);
-  return 0;
+  return !writer || writer->isGood() ? 0
+                                     : fail(options.record_file + ": cannot be written");
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+  gw::keepStandardStreams();
+  const int status = run(argc, argv);
+  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
+    return fail("standard output cannot be written");
+  return status;
 }

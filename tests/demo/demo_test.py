@@ -26,10 +26,11 @@ class DemoTest(unittest.TestCase):
         self.run_dir = pathlib.Path(directory.name) / "run"
         shutil.copytree(STAGED, self.run_dir)
 
-    def play(self, *options, status=0):
+    def play(self, *options, status=0, shell='exec "$0" "$@"'):
         """Runs the demo; returns its output. A sanitizer's report fails."""
-        done = subprocess.run([DEMO, *map(str, options)], cwd=self.run_dir, text=True,
-                              capture_output=True, timeout=50, stdin=subprocess.DEVNULL)
+        done = subprocess.run(["sh", "-c", shell, DEMO, *map(str, options)], cwd=self.run_dir,
+                              text=True, capture_output=True, timeout=50,
+                              stdin=subprocess.DEVNULL)
         self.assertEqual(done.returncode, status, done.stderr[-3000:])
         self.assertNotRegex(done.stderr, "Sanitizer|runtime error")
         return done.stdout if status == 0 else done.stderr
@@ -93,11 +94,26 @@ class Replay(DemoTest):
     def test_random(self):
         self.check("random", 4)
 
-    def test_a_recording_without_its_end_is_played_to_its_last_event(self):
-        (self.run_dir / "game.txt").write_text(
-            "tazlet-recording 1\nseed 5\n9 key-press 15\n12 mouse-press 0 512 384\n")
-        output = self.play("--replay", "game.txt")
-        self.assertEqual((reached(output, "steps"), reached(output, "games")), (13, 1))
+    def test_a_recording_that_was_cut_off_is_played_to_its_last_whole_event(self):
+        for events, steps, games in [
+                ("", 0, 0), ("9 key-press 15\n12 mouse-press 0 512 384\n77 mouse-pr", 13, 1)]:
+            (self.run_dir / "game.txt").write_text("tazlet-recording 1\nseed 5\n" + events)
+            output = self.play("--replay", "game.txt")
+            self.assertEqual((reached(output, "steps"), reached(output, "games")), (steps, games))
+
+    def test_what_cannot_be_written_is_said(self):
+        game = self.run_dir / "game.txt"
+        game.write_text("tazlet-recording 1\nseed 5\n")
+        options = ["--profile", "hostile", "--digest", "--record", "game.txt"]
+        for shell, reason, recorded in [
+                ('unset DISPLAY; exec "$0" "$@" --window', "cannot open a window", r"seed 5\n\Z"),
+                ('trap "" 25; ulimit -f 1; exec "$0" "$@"', "game.txt: cannot be", r"[^\n]\Z"),
+                ('exec "$0" "$@" >&-', "output cannot be written", r"\nend 100\n\Z"),
+                ('exec "$0" "$@" >/dev/full', "output cannot be written", r"\nend 100\n\Z")]:
+            with self.subTest(shell):
+                self.assertIn(reason, self.play(*options, status=1, shell=shell))
+                self.assertRegex(game.read_text(), recorded)
+                self.play("--replay", "game.txt")
 
     def test_malformed_recordings_are_refused_with_file_and_line(self):
         head = "tazlet-recording 1\nseed 5\n"
@@ -111,7 +127,7 @@ class Replay(DemoTest):
                 (head + "5 mouse-press 9 1 2\n", "game.txt:3: expected a button, 0 to 4"),
                 (head + "5 mouse-move 1 x\n", 'game.txt:3: "x" is not a number'),
                 (head + "5 mouse-move 1 99999999999999999999\n", "game.txt:3: "),
-                (head + "5 sneeze 1\n", 'game.txt:3: unknown event "sneeze"'),
+                (head + "5 \x1b\x9bé 1\n", r'game.txt:3: unknown event "\x1b\xc2\x9bé"'),
                 (head + "5 key-press 1\n4 key-press 1\n", "game.txt:4: expected a step"),
                 (head + "5 key-press 1\nend 5\n", 'game.txt:4: expected "end"'),
                 (head + "end 5\n5 key-press 1\n", "game.txt:4: nothing may follow"),
