@@ -5,6 +5,7 @@
 
 #include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -19,16 +20,23 @@
 
 namespace {
 
-volatile std::sig_atomic_t interrupted = 0;
+volatile std::sig_atomic_t end_signal = 0;  ///< that asks to end; 0 while none does
+volatile std::sig_atomic_t stop_signal = 0; ///< that asks to stop for a while
 
-void onInterrupt(int) {
-  interrupted = 1;
+void onSignal(int number) {
+  (number == SIGTSTP ? stop_signal : end_signal) = number;
 }
 
 /// Before the screen is taken: it must be given back.
 void catchInterrupts() {
   for (const int number : {SIGINT, SIGTERM, SIGHUP})
-    std::signal(number, onInterrupt);
+    std::signal(number, onSignal);
+}
+
+/// Lets a signal that was caught do what it does to other programs.
+void takeItsCourse(int number) {
+  std::signal(number, SIG_DFL);
+  std::raise(number);
 }
 
 void write(const std::string &text) {
@@ -108,11 +116,22 @@ std::string statusLine(const std::string &filename, const gw::Sprite &sprite, in
   return line + ". Ctrl-C ends.";
 }
 
-/// Takes the whole terminal while it lives, and gives it back as it was.
+/// Takes the whole terminal while it lives, and gives it back as it was: at its end,
+/// which Ctrl-\ brings about, too, and while Ctrl-Z stops the program.
 class Screen {
 public:
-  Screen() { write("\033[?1049h\033[?25l"); }
-  ~Screen() { write("\033[?25h\033[?1049l"); }
+  Screen() {
+    std::signal(SIGQUIT, onSignal);
+    if (std::signal(SIGTSTP, onSignal) == SIG_IGN) // its shell knows no fg
+      std::signal(SIGTSTP, SIG_IGN);
+    take();
+  }
+
+  ~Screen() {
+    giveBack();
+    if (end_signal == SIGQUIT)
+      takeItsCourse(SIGQUIT);
+  }
 
   Screen(const Screen &) = delete;
   Screen &operator=(const Screen &) = delete;
@@ -122,6 +141,8 @@ public:
 
   /// Draws what belongs to this step, if it is not there already.
   void show(const std::string &filename, const LoadedSprite &loaded) {
+    if (stop_signal != 0)
+      stop();
     const Size size = terminalSize();
     const int frame = loaded.sprite ? frameNow(*loaded.sprite) : 0;
     if (step == 0 || frame != shown_frame || size != shown_size)
@@ -130,6 +151,26 @@ public:
   }
 
 private:
+  void take() {
+    // To change its modes, even to what they are, stops a program in the background
+    // until it is in front.
+    termios modes{};
+    if (tcgetattr(STDOUT_FILENO, &modes) == 0)
+      tcsetattr(STDOUT_FILENO, TCSADRAIN, &modes);
+    write("\033[?1049h\033[?25l");
+  }
+
+  void giveBack() { write("\033[?25h\033[?1049l"); }
+
+  void stop() {
+    giveBack();
+    stop_signal = 0;
+    takeItsCourse(SIGTSTP); // comes back when the program is to go on
+    std::signal(SIGTSTP, onSignal);
+    take();
+    shown_size = {};
+  }
+
   int frameNow(const gw::Sprite &sprite) const {
     const int slowdown = sprite.getSlowdown();
     return slowdown == 0 ? 0 : static_cast<int>(step / slowdown % sprite.getFrameCount());
@@ -171,7 +212,7 @@ struct Stamp {
 template <class Action> void inEveryStep(Action action) {
   using Clock = std::chrono::steady_clock;
   Clock::time_point next = Clock::now();
-  while (!interrupted && !std::ferror(stdout)) {
+  while (end_signal == 0 && !std::ferror(stdout)) {
     action();
     // Time that the whole process slept is not made up for.
     next =
