@@ -4,7 +4,9 @@ import os
 import pathlib
 import pty
 import re
+import shutil
 import signal
+import struct
 import subprocess
 import sys
 import tempfile
@@ -18,13 +20,31 @@ def pixels(picture):
     return subprocess.check_output(["convert", picture, "-depth", "8", "rgb:-"])
 
 
+def with_bits(font):
+    """The font with a picture of 7 x 12 bits, all set, for each glyph at 16 pixels."""
+    tables = {tag: font[start : start + size] for tag, _, start, size
+              in struct.iter_unpack(">4s3I", font[12 : 12 + 16 * font[5]])}
+    last, size = tables[b"maxp"][5] - 1 + 256 * tables[b"maxp"][4], 11
+    tables[b"EBLC"] = b"".join([
+        struct.pack(">5I", 0x20000, 1, 56, 28, 1), bytes(28),
+        struct.pack(">2H4B", 0, last, 16, 16, 1, 1), struct.pack(">2HI", 0, last, 8),
+        struct.pack(">2H2I8B", 2, 5, 4, size, 12, 7, 0, 12, 8, 0, 0, 0)])
+    tables[b"EBDT"] = struct.pack(">I", 0x20000) + b"\xff" * size * (last + 1)
+    head, body = font[:4] + struct.pack(">4H", len(tables), 0, 0, 0), b""
+    for tag, table in sorted(tables.items()):
+        head += struct.pack(">4s3I", tag, 0, 12 + 16 * len(tables) + len(body), len(table))
+        body += table + bytes(-len(table) % 4)
+    return head + body
+
+
 class SpriteTest(unittest.TestCase):
     def setUp(self):
         directory = self.enterContext(tempfile.TemporaryDirectory(prefix="glidewing-test-"))
         os.chdir(directory)
 
-    def run_tool(self, *arguments, status=0):
-        done = subprocess.run([TOOL, *arguments], text=True, capture_output=True, timeout=30)
+    def run_tool(self, *arguments, status=0, shell=""):
+        done = subprocess.run(["sh", "-c", shell + ' exec "$0" "$@"', TOOL, *arguments],
+                              text=True, capture_output=True, timeout=30)
         self.assertEqual(done.returncode, status, done.stderr[-3000:])
         return done.stdout if status == 0 else done.stderr
 
@@ -49,15 +69,39 @@ class SpriteTest(unittest.TestCase):
     def test_show_prints_the_frames_and_plays_them_on_a_terminal_until_interrupted(self):
         self.assertEqual(self.run_tool("show", BEE), "".join(BEE_ROWS))
         self.assertEqual(self.run_tool("show", BEE, "--frame", "3"), "".join(BEE_ROWS[15:]))
-        terminal, end = pty.openpty()
-        player = subprocess.Popen([TOOL, "show", BEE], stdout=end)
-        os.close(end)
+        for number, status in (signal.SIGINT, 0), (signal.SIGQUIT, -signal.SIGQUIT):
+            terminal, end = pty.openpty()
+            player = subprocess.Popen([TOOL, "show", BEE], stdout=end, process_group=0)
+            os.close(end)
+            for wish in signal.SIGTSTP, number:
+                self.expect(terminal, rb"1049h.*93m\(_#.*frame 3 .*frame 0 ")
+                player.send_signal(wish)
+                self.expect(terminal, rb"\x1b\[\?25h\x1b\[\?1049l$")  # as it was
+                if wish == signal.SIGTSTP:
+                    self.assertTrue(os.WIFSTOPPED(os.waitpid(player.pid, os.WUNTRACED)[1]))
+                    player.send_signal(signal.SIGCONT)
+            self.assertEqual(player.wait(), status)
+
+    def expect(self, terminal, pattern):
         shown = b""
-        while not shown.endswith(b"\x1b[?25h\x1b[?1049l"):  # the terminal as it was
-            if re.search(rb"(?s)93m\(_#.*frame 3 .*frame 0 ", shown):
-                player.send_signal(signal.SIGINT)
+        while not re.search(pattern, shown, re.DOTALL):
             shown += os.read(terminal, 4096)
-        self.assertEqual(player.wait(), 0)
+
+    def test_a_picture_is_written_whole_or_not_at_all(self):
+        shutil.copy(BEE, "bee.txt")
+        os.link("bee.txt", "same.txt")
+        os.mkfifo("font")
+        pathlib.Path("old.png").write_text("old")
+        pathlib.Path("magick").write_text("#!/bin/sh\nkill -INT $PPID\nexec sleep 20\n")
+        os.chmod("magick", 0o755)
+        files = {name: os.stat(name).st_mtime_ns for name in os.listdir()}
+        for shell, arguments, status in [
+                ("", "png bee.txt -o same.txt", 1),
+                ("", "png bee.txt -o old.png --font font", 1),
+                ('trap "" 25; ulimit -f 1;', "png bee.txt -o old.png --all", 1),
+                ("TMPDIR=. PATH=.:$PATH", "gif bee.txt -o old.png", -signal.SIGINT)]:
+            self.run_tool(*arguments.split(), status=status, shell=shell)
+        self.assertEqual({name: os.stat(name).st_mtime_ns for name in os.listdir()}, files)
 
     def test_pictures_hold_every_frame_in_its_colour_and_animations_its_time(self):
         self.run_tool("gif", BEE, "-o", "bee.gif")
@@ -71,6 +115,10 @@ class SpriteTest(unittest.TestCase):
         delays = re.findall(rb"(?s)\x21\xf9\x04.(.)\0.\0[\x21\x2c]",
                             pathlib.Path("bee.gif").read_bytes())
         self.assertEqual(delays, [b"\7", b"\6", b"\7", b"\6"], "66 ms each, on average")
+        pathlib.Path("a.txt").write_text("1\n1\n1\n0\nwhite\na\n")
+        pathlib.Path("bits").write_bytes(with_bits((BEE.parents[2] / "gw-font.ttf").read_bytes()))
+        self.run_tool("png", "a.txt", "-o", "a.png", "--font", "bits")
+        self.assertEqual(pixels("a.png").count(b"\xff"), 8 * 13 * 3, "bold")
 
     def test_watch_shows_every_save(self):
         os.symlink(BEE, "bee.txt")

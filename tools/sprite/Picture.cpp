@@ -2,6 +2,7 @@
 
 #include "DisplayManager.h"
 #include "GameManager.h"
+#include "SignalBlock.h"
 #include "TemporaryDirectory.h"
 
 #include <spawn.h>
@@ -10,8 +11,15 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <csignal>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <optional>
+#include <system_error>
+#include <thread>
 
 namespace {
 
@@ -65,18 +73,77 @@ void drawCharacter(sf::Image &image, int left, int top, const Glyph &glyph,
     }
 }
 
-/// Copies everything from `source` to `target`. @return whether all of it arrived
-bool copy(std::istream &source, std::ostream &target) {
-  target << source.rdbuf();
-  target.flush();
-  return source.good() && target.good();
+using Bytes = std::vector<std::uint8_t>;
+
+std::error_code lastError() {
+  return {errno, std::generic_category()};
 }
 
-std::string because(const std::string &filename) {
-  return filename + ": cannot be written: " + std::strerror(errno);
+/// @return why it could not be done, if so
+std::error_code writeBytes(const std::filesystem::path &filename, const Bytes &bytes) {
+  std::ofstream file(filename, std::ios::binary);
+  file.write(reinterpret_cast<const char *>(bytes.data()),
+             static_cast<std::streamsize>(bytes.size()));
+  file.close();
+  return file ? std::error_code() : lastError();
 }
 
-/// Runs a program and waits for its end.
+/// Puts a new file in the place of that one, if there is one, with its permissions. It
+/// is written beside it, so that the old one is there until the new one is complete.
+/// @return as above
+std::error_code replaceFile(const std::filesystem::path &filename, const Bytes &bytes) {
+  const TemporaryDirectory beside(filename.parent_path());
+  if (beside.getPath().empty())
+    return lastError();
+  const std::filesystem::path written = beside.getPath() / "picture";
+  std::error_code failed = writeBytes(written, bytes);
+  if (failed)
+    return failed;
+  const auto status = std::filesystem::status(filename, failed);
+  if (exists(status))
+    std::filesystem::permissions(written, status.permissions(), failed);
+  std::filesystem::rename(written, filename, failed);
+  return failed;
+}
+
+/// Writes a picture to a file; to a device or a pipe, too.
+bool writePicture(const Bytes &bytes, const std::string &filename, std::string &error) {
+  // A link stays one, and leads to the picture.
+  std::error_code unknown;
+  const auto place = std::filesystem::weakly_canonical(
+      std::filesystem::absolute(filename, unknown), unknown);
+  const auto status = std::filesystem::status(filename, unknown);
+  const bool is_file = !exists(status) || is_regular_file(status);
+  const std::error_code failed =
+      is_file && !place.empty() ? replaceFile(place, bytes) : writeBytes(filename, bytes);
+  if (failed)
+    error = filename + ": cannot be written: " + failed.message();
+  return !failed;
+}
+
+/// @return nothing, with `error` set, when memory does not suffice
+std::optional<Bytes> encode(const sf::Image &image, std::string &error) {
+  // Not saveToFile, which goes by the name's ending.
+  std::optional<Bytes> bytes = image.saveToMemory("png");
+  if (!bytes)
+    error = "the picture cannot be encoded";
+  return bytes;
+}
+
+/// Waits for the end of a child process, and brings it about when this one is to end.
+/// @return what waitpid tells of it
+int waitFor(pid_t child) {
+  constexpr std::chrono::milliseconds PAUSE(10);
+  int status = 0;
+  while (waitpid(child, &status, WNOHANG) == 0) {
+    if (SignalBlock::isPending())
+      kill(child, SIGTERM);
+    std::this_thread::sleep_for(PAUSE);
+  }
+  return status;
+}
+
+/// Runs a program, to which no signal is blocked, and waits for its end.
 /// @return its exit status; -1 when it died; -2 with `errno` when it did not start
 int run(std::vector<std::string> words) {
   std::vector<char *> arguments;
@@ -84,13 +151,20 @@ int run(std::vector<std::string> words) {
   for (std::string &word : words)
     arguments.push_back(word.data());
   arguments.push_back(nullptr);
+  posix_spawnattr_t attributes{};
+  sigset_t nothing{};
+  sigemptyset(&nothing);
+  posix_spawnattr_init(&attributes);
+  posix_spawnattr_setsigmask(&attributes, &nothing);
+  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK);
   pid_t child = 0;
-  errno = posix_spawnp(&child, arguments[0], nullptr, nullptr, arguments.data(), environ);
-  if (errno != 0)
+  const int failure =
+      posix_spawnp(&child, arguments[0], nullptr, &attributes, arguments.data(), environ);
+  posix_spawnattr_destroy(&attributes);
+  errno = failure;
+  if (failure != 0)
     return -2;
-  int status = 0;
-  while (waitpid(child, &status, 0) == -1 && errno == EINTR)
-    continue;
+  const int status = waitFor(child);
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
@@ -118,6 +192,44 @@ bool runImageMagick(std::vector<std::string> words, std::string &error) {
         std::string(name) + " (ImageMagick) cannot be started: " + std::strerror(errno);
   }
   return false;
+}
+
+/// The animation's bytes. @return nothing, with `error` set, when it cannot be made
+std::optional<Bytes> makeGif(const gw::Sprite &sprite, GlyphRasterizer &rasterizer,
+                             std::string &error) {
+  const TemporaryDirectory directory;
+  if (directory.getPath().empty()) {
+    error = "no temporary directory can be made";
+    return std::nullopt;
+  }
+  // A picture has fewer shades than a GIF has room for. Only without dithering does
+  // ImageMagick keep them all.
+  std::vector<std::string> words = {"", "-loop", "0", "+dither"};
+  const int frame_count = sprite.getSlowdown() == 0 ? 1 : sprite.getFrameCount();
+  for (int frame = 0; frame < frame_count; frame++) {
+    const auto bytes = encode(drawFrame(sprite, frame, rasterizer), error);
+    if (!bytes || SignalBlock::isPending())
+      return std::nullopt;
+    const std::string picture = directory.getPath() / (std::to_string(frame) + ".png");
+    if (const std::error_code failed = writeBytes(picture, *bytes)) {
+      error = picture + ": cannot be written: " + failed.message();
+      return std::nullopt;
+    }
+    words.insert(
+        words.end(),
+        {"-delay", std::to_string(delayOf(frame, sprite.getSlowdown())), picture});
+  }
+  // To a name of our own: ImageMagick would read meanings into the user's.
+  const std::string gif = directory.getPath() / "sprite.gif";
+  words.push_back(gif);
+  if (!runImageMagick(words, error))
+    return std::nullopt;
+  std::ifstream file(gif, std::ios::binary);
+  Bytes bytes(std::istreambuf_iterator<char>(file), {});
+  if (!bytes.empty())
+    return bytes;
+  error = gif + ": cannot be read";
+  return std::nullopt;
 }
 
 } // namespace
@@ -154,47 +266,12 @@ sf::Image drawSheet(const gw::Sprite &sprite, GlyphRasterizer &rasterizer) {
 }
 
 bool writePng(const sf::Image &image, const std::string &filename, std::string &error) {
-  // Not saveToFile, which goes by the name's ending.
-  const auto bytes = image.saveToMemory("png");
-  std::ofstream file(filename, std::ios::binary);
-  if (bytes && file)
-    file.write(reinterpret_cast<const char *>(bytes->data()),
-               static_cast<std::streamsize>(bytes->size()));
-  file.flush();
-  if (bytes && file)
-    return true;
-  error = because(filename);
-  return false;
+  const auto bytes = encode(image, error);
+  return bytes && writePicture(*bytes, filename, error);
 }
 
 bool writeGif(const gw::Sprite &sprite, GlyphRasterizer &rasterizer,
               const std::string &filename, std::string &error) {
-  const TemporaryDirectory directory;
-  if (directory.getPath().empty()) {
-    error = "no temporary directory can be made";
-    return false;
-  }
-  // A picture has fewer shades than a GIF has room for. Only without dithering does
-  // ImageMagick keep them all.
-  std::vector<std::string> words = {"", "-loop", "0", "+dither"};
-  const int frame_count = sprite.getSlowdown() == 0 ? 1 : sprite.getFrameCount();
-  for (int frame = 0; frame < frame_count; frame++) {
-    const std::string picture = directory.getPath() / (std::to_string(frame) + ".png");
-    if (!writePng(drawFrame(sprite, frame, rasterizer), picture, error))
-      return false;
-    words.insert(
-        words.end(),
-        {"-delay", std::to_string(delayOf(frame, sprite.getSlowdown())), picture});
-  }
-  // To a name of our own: ImageMagick would read meanings into the user's.
-  const std::string gif = directory.getPath() / "sprite.gif";
-  words.push_back(gif);
-  if (!runImageMagick(words, error))
-    return false;
-  std::ifstream source(gif, std::ios::binary);
-  std::ofstream target(filename, std::ios::binary);
-  if (target && copy(source, target))
-    return true;
-  error = because(filename);
-  return false;
+  const auto bytes = makeGif(sprite, rasterizer, error);
+  return bytes && writePicture(*bytes, filename, error);
 }

@@ -10,7 +10,8 @@
 
 /// Pictures of a sprite as the game draws it, with one cell of black on every side,
 /// because glyphs reach beyond their cells. Of the functions that write files, each
-/// returns whether it did, and if not, sets `error` to the reason.
+/// returns whether it did, and if not, sets `error` to the reason; then a file that was
+/// there before is as it was.
 
 /// Whether so many frames fit a picture of a sensible size.
 bool fitsPicture(const gw::Sprite &sprite, int frame_count);

@@ -4,14 +4,24 @@
 #include <string>
 #include <system_error>
 
-TemporaryDirectory::TemporaryDirectory() {
-  std::error_code error;
-  const auto parent =
-      std::filesystem::absolute(std::filesystem::temp_directory_path(error), error);
-  if (error)
-    return;
+namespace {
+
+/// Absolute; empty where there is none.
+std::filesystem::path placeForTemporaryFiles() {
+  std::error_code failed;
+  const auto place =
+      std::filesystem::absolute(std::filesystem::temp_directory_path(failed), failed);
+  return failed ? std::filesystem::path() : place;
+}
+
+} // namespace
+
+TemporaryDirectory::TemporaryDirectory() : TemporaryDirectory(placeForTemporaryFiles()) {
+}
+
+TemporaryDirectory::TemporaryDirectory(const std::filesystem::path &parent) {
   std::string name = parent / "gw-sprite-XXXXXX";
-  if (mkdtemp(name.data()))
+  if (!parent.empty() && mkdtemp(name.data()))
     path = name;
 }
 

@@ -92,6 +92,10 @@ int draw(const Options &options, SpriteLoader &loader, bool animated) {
   const gw::Sprite &sprite = *loaded.sprite;
   if (!fitsPicture(sprite, animated || options.all ? sprite.getFrameCount() : 1))
     return fail(options.files.front() + ": too large for a picture");
+  std::error_code ignored;
+  for (const std::string &source : {options.files.front(), options.font})
+    if (std::filesystem::equivalent(source, options.output, ignored))
+      return fail(options.output + ": is what the picture is made from");
   GlyphRasterizer rasterizer;
   if (!rasterizer.open(options.font))
     return fail(options.font + ": no font that can be read; name one with --font");
