@@ -4,13 +4,19 @@
 add_library(glidewing_options INTERFACE)
 add_library(glidewing::options ALIAS glidewing_options)
 
-target_compile_options(glidewing_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion
-    # The same arithmetic with every compiler: a seed gives the same game.
-    -ffp-contract=off)
+if(MSVC)
+    set(werror /WX)
+    target_compile_options(glidewing_options INTERFACE /W4 /utf-8)
+else()
+    set(werror -Werror)
+    target_compile_options(glidewing_options INTERFACE
+        -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+        # The same arithmetic with every compiler: a seed gives the same game.
+        -ffp-contract=off)
+endif()
 
 if(GLIDEWING_WERROR)
-    target_compile_options(glidewing_options INTERFACE -Werror)
+    target_compile_options(glidewing_options INTERFACE ${werror})
 endif()
 
 if(GLIDEWING_FUZZ)
