@@ -8,16 +8,25 @@
 #   <prefix>/share/glidewing/gw-font.ttf      that font
 #
 # Component: `engine`. It belongs to the machine that it was built on: it wants the
-# same SFML again.
+# same SFML again, and fetches that once more where it was fetched.
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 set(glidewing_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Glidewing)
 set(glidewing_font_dir ${CMAKE_INSTALL_DATADIR}/glidewing)
-glidewing_sfml_runtime_dir(glidewing_built_runtime)
+
+# What the package asks of SFML: the same minor version.
+string(REGEX MATCH "^([0-9]+)\\.([0-9]+)" glidewing_sfml_wanted "${glidewing_sfml_version}")
+math(EXPR next "${CMAKE_MATCH_2} + 1")
+string(APPEND glidewing_sfml_wanted "...<${CMAKE_MATCH_1}.${next}")
+set(glidewing_sfml_fetch OFF)
+if(GLIDEWING_FETCH_SFML)
+    set(glidewing_sfml_fetch ON)
+endif()
 
 set_target_properties(glidewing PROPERTIES EXPORT_NAME engine)
 target_include_directories(glidewing INTERFACE
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/glidewing>)
 install(TARGETS glidewing EXPORT Glidewing
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT engine)

@@ -1,7 +1,7 @@
-# What `cmake --install` puts where. Include it once, at the end of the top
+# What `cmake --install` puts where on Linux. Include it once, at the end of the top
 # directory, outside of the builds with sanitizers, whose programs nobody takes home.
 #
-#   <prefix>/games/tazlet               the launcher, a shell script
+#   <prefix>/bin/tazlet                 the launcher, a shell script
 #   <prefix>/libexec/tazlet/tazlet      the program
 #   <prefix>/libexec/tazlet/{lib,newer} libraries, where they have to come along
 #   <prefix>/share/tazlet               sprites, sounds, music, font
@@ -11,11 +11,10 @@
 # packages have, see GlidewingPackage.cmake.
 
 include(GNUInstallDirs)
-set(GLIDEWING_GAMESDIR "games" CACHE STRING "Where the launcher goes, below the prefix")
 set(GLIDEWING_WEB "https://glidewing.example" CACHE STRING
     "Address of the project's pages, for the software centre entry; the default is a \
 reserved name, so whoever publishes packages sets their own")
-mark_as_advanced(GLIDEWING_GAMESDIR GLIDEWING_WEB)
+mark_as_advanced(GLIDEWING_WEB)
 
 set(tazlet_private_dir ${CMAKE_INSTALL_LIBEXECDIR}/tazlet)
 set(tazlet_data_dir ${CMAKE_INSTALL_DATADIR}/tazlet)
@@ -23,42 +22,28 @@ set(tazlet_id org.glidewing.tazlet)
 
 # --- the program ---------------------------------------------------------------
 
-# The build's own program starts with the loader of the private runtime, by the path
-# that this has on this machine. The installed one is linked again from the same
-# object files, without any such path; its launcher finds the loader.
-set(tazlet_runtime "")
-if(TARGET SFML::System)
-    get_target_property(imported SFML::System IMPORTED)
-    get_target_property(library SFML::System LOCATION)
-    if(imported AND library)
-        get_filename_component(prefix "${library}/../../../.." ABSOLUTE)
-        if(EXISTS "${prefix}/bootstrap.stamp")
-            set(tazlet_runtime "${prefix}")
-        endif()
-    endif()
-endif()
-if(tazlet_runtime)
-    get_target_property(options glidewing_sfml INTERFACE_LINK_OPTIONS)
-    set(wrapped "LINKER:--allow-shlib-undefined")
-    foreach(option IN LISTS options)
-        list(APPEND wrapped "$<$<NOT:$<BOOL:$<TARGET_PROPERTY:TAZLET_INSTALLED>>>:${option}>")
-    endforeach()
-    set_property(TARGET glidewing_sfml PROPERTY INTERFACE_LINK_OPTIONS "${wrapped}")
-endif()
+# Links the program again, from the same object files, as it has to be elsewhere. What
+# follows are properties. The build's own program may start with the loader of the
+# private runtime, by the path that this has on this machine; here the launcher finds
+# the loader.
+function(tazlet_add_program target)
+    add_executable(${target} $<TARGET_OBJECTS:tazlet>)
+    target_link_libraries(${target} PRIVATE tazlet-game)
+    # RPATH, not RUNPATH: also for what the libraries there need themselves.
+    target_link_options(${target} PRIVATE "LINKER:--disable-new-dtags")
+    set_target_properties(${target} PROPERTIES
+        GLIDEWING_MOVABLE ON
+        OUTPUT_NAME tazlet
+        RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${target}
+        BUILD_WITH_INSTALL_RPATH ON
+        ${ARGN})
+endfunction()
 
-add_executable(tazlet-installed $<TARGET_OBJECTS:tazlet>)
-target_link_libraries(tazlet-installed PRIVATE tazlet-game)
-# RPATH, not RUNPATH: also for what the libraries there need themselves.
-target_link_options(tazlet-installed PRIVATE "LINKER:--disable-new-dtags")
-set_target_properties(tazlet-installed PROPERTIES
-    TAZLET_INSTALLED ON
-    OUTPUT_NAME tazlet
-    RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/installed
-    BUILD_WITH_INSTALL_RPATH ON
-    INSTALL_RPATH "$ORIGIN/lib")
-if(NOT tazlet_runtime)
-    # An SFML of the user's own, outside of where the system looks.
-    set_target_properties(tazlet-installed PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
+if(glidewing_sfml_runtime)
+    tazlet_add_program(tazlet-installed INSTALL_RPATH "$ORIGIN/lib")
+else()
+    # No path at all, unless SFML is the user's own, outside of where the system looks.
+    tazlet_add_program(tazlet-installed INSTALL_RPATH_USE_LINK_PATH ON)
 endif()
 install(TARGETS tazlet-installed DESTINATION ${tazlet_private_dir} COMPONENT game)
 
@@ -71,7 +56,12 @@ function(tazlet_install_bundle bundle)
 include(\"${PROJECT_BINARY_DIR}/packaging/bundle.cmake\")" ${ARGN})
 endfunction()
 tazlet_install_bundle(font COMPONENT game)
-if(tazlet_runtime)
+if(GLIDEWING_FETCH_SFML)
+    # It is a part of the program then. The second file tells what SFML contains itself.
+    install(FILES ${SFML_SOURCE_DIR}/license.md ${SFML_SOURCE_DIR}/readme.md
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tazlet/licences/SFML COMPONENT game)
+endif()
+if(glidewing_sfml_runtime)
     tazlet_install_bundle(private COMPONENT runtime)
 endif()
 
@@ -88,15 +78,15 @@ endif()
 set(tazlet_release_date ${CMAKE_MATCH_1})
 # SOURCE_DATE_EPOCH counts: the same sources give the same package.
 string(TIMESTAMP tazlet_changelog_date "%a, %d %b %Y 00:00:00 +0000" UTC)
-file(RELATIVE_PATH tazlet_program_from_games
-    /${GLIDEWING_GAMESDIR} /${tazlet_private_dir}/tazlet)
-file(RELATIVE_PATH tazlet_data_from_games /${GLIDEWING_GAMESDIR} /${tazlet_data_dir})
+file(RELATIVE_PATH tazlet_program_from_launcher
+    /${CMAKE_INSTALL_BINDIR} /${tazlet_private_dir}/tazlet)
+file(RELATIVE_PATH tazlet_data_from_launcher /${CMAKE_INSTALL_BINDIR} /${tazlet_data_dir})
 
 set(out ${PROJECT_BINARY_DIR}/packaging)
 foreach(file tazlet tazlet.6 ${tazlet_id}.metainfo.xml)
     configure_file(packaging/${file}.in ${out}/${file} @ONLY)
 endforeach()
-install(PROGRAMS ${out}/tazlet DESTINATION ${GLIDEWING_GAMESDIR} COMPONENT game)
+install(PROGRAMS ${out}/tazlet DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT game)
 install(FILES packaging/${tazlet_id}.desktop
     DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT game)
 install(FILES ${out}/${tazlet_id}.metainfo.xml

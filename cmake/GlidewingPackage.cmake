@@ -20,8 +20,9 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_COMPONENTS_GROUPING ALL_COMPONENTS_IN_ONE)
 set(CPACK_GENERATOR TGZ DEB)
+set(CPACK_TAZLET_BINDIR ${CMAKE_INSTALL_BINDIR})
 set(CPACK_TAZLET_RUNTIME "")
-if(tazlet_runtime)
+if(glidewing_sfml_runtime)
     set(CPACK_TAZLET_RUNTIME runtime)
 endif()
 # Which components each generator takes.
@@ -38,7 +39,16 @@ install(FILES ${out}/README.portable DESTINATION . RENAME README COMPONENT porta
     EXCLUDE_FROM_ALL)
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tazlet
     COMPONENT portable EXCLUDE_FROM_ALL)
-install(CODE "file(CREATE_LINK ${GLIDEWING_GAMESDIR}/tazlet
+if(NOT glidewing_sfml_runtime)
+    # Libraries come along, so it takes a program that looks for them beside itself, and
+    # not only if that is newer than the installed one.
+    tazlet_add_program(tazlet-portable INSTALL_RPATH "$ORIGIN/lib")
+    set(installed "\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${tazlet_private_dir}/tazlet")
+    install(CODE "file(REMOVE \"${installed}\")" COMPONENT portable EXCLUDE_FROM_ALL)
+    install(TARGETS tazlet-portable DESTINATION ${tazlet_private_dir}
+        COMPONENT portable EXCLUDE_FROM_ALL)
+endif()
+install(CODE "file(CREATE_LINK ${CMAKE_INSTALL_BINDIR}/tazlet
     \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/tazlet\" SYMBOLIC)"
     COMPONENT portable EXCLUDE_FROM_ALL)
 

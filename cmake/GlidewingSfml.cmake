@@ -1,93 +1,132 @@
-# Gives glidewing::sfml, the one target to link for SFML 3 (Graphics, Window,
-# Audio, System), and says on a status line which SFML it is:
+# Gives glidewing::sfml, the one target to link for SFML 3 (Graphics, Window, Audio,
+# System), and says on a status line which SFML it is:
 #
-#   GLIDEWING_FETCH_SFML=ON   SFML's sources, fetched and compiled with ours
+#   GLIDEWING_FETCH_SFML=ON   SFML's sources, fetched, compiled with ours and linked
+#                             statically
 #   otherwise                 an SFML 3 of the system (CMAKE_PREFIX_PATH and
 #                             SFML_DIR count), or else the private runtime that
 #                             scripts/bootstrap makes on such a machine
 #
-# Include it once, after project(), in the top directory.
+# Include it once, after project(), in the top directory. Every SFML 3 will do, unless
+# glidewing_sfml_wanted tells the versions, as find_package takes them, and
+# glidewing_sfml_fetched the one to fetch. Sets
+#
+#   glidewing_sfml_problem    why there is no SFML, and then no target; or empty
+#   glidewing_sfml_version    of the SFML that was found
+#   glidewing_sfml_runtime    the private runtime's directory, if that is what was found
 
 option(GLIDEWING_FETCH_SFML "Fetch SFML's sources from its public repository and compile them" OFF)
 set(GLIDEWING_SFML_RUNTIME "" CACHE PATH
     "The private SFML runtime; empty means where scripts/bootstrap puts it")
 
 # Sets <out> to the directory of the private runtime, which need not exist. The
-# scripts know the place; it is not written down a second time here.
+# scripts, where they are, know the place; it is not written down a second time here.
 function(glidewing_sfml_runtime_dir out)
     set(dir "${GLIDEWING_SFML_RUNTIME}")
-    if(NOT dir AND CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    set(scripts "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../scripts/lib.sh")
+    if(NOT dir AND CMAKE_SYSTEM_NAME STREQUAL "Linux" AND EXISTS "${scripts}")
         execute_process(
-            COMMAND bash -c "source \"$1\" && sfml_runtime_dir" bash
-                    "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../scripts/lib.sh"
+            COMMAND bash -c "source \"$1\" && sfml_runtime_dir" bash "${scripts}"
             OUTPUT_VARIABLE dir OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
     endif()
     set(${out} "${dir}" PARENT_SCOPE)
 endfunction()
 
-# Links <target> so that it runs on the private runtime at <runtime>, which has
-# SFML's CMake package in <package>. SFML was built with a newer C library than
+# Links <target> so that it runs on the private runtime, which has its libraries in
+# <libraries> and its loader in <loader>. SFML was built with a newer C library than
 # the machine's: the linker must not object to that, and the program must start
 # with the loader that belongs to the newer one. RPATH, not RUNPATH, because only
-# that is also looked up for what SFML's libraries need themselves.
-function(glidewing_link_sfml_runtime target runtime package)
-    get_filename_component(libraries "${package}/../.." ABSOLUTE)
-    file(GLOB loader "${libraries}/ld-linux*.so.*")
-    if(NOT loader)
-        message(FATAL_ERROR "${runtime} has no loader; remove it and run scripts/bootstrap")
-    endif()
+# that is also looked up for what SFML's libraries need themselves. A program with the
+# property GLIDEWING_MOVABLE gets none of these paths and finds both by other means.
+function(glidewing_link_sfml_runtime target libraries loader)
+    set(fixed "$<NOT:$<BOOL:$<TARGET_PROPERTY:GLIDEWING_MOVABLE>>>")
     target_link_options(${target} INTERFACE
         "LINKER:--allow-shlib-undefined"
         "LINKER:--disable-new-dtags"
-        "LINKER:-rpath,${libraries}"
-        "LINKER:--dynamic-linker,${loader}")
+        "$<${fixed}:LINKER:-rpath,${libraries}>"
+        "$<${fixed}:LINKER:--dynamic-linker,${loader}>")
 endfunction()
 
-add_library(glidewing_sfml INTERFACE)
-add_library(glidewing::sfml ALIAS glidewing_sfml)
-
-block()
+block(PROPAGATE glidewing_sfml_problem glidewing_sfml_version glidewing_sfml_runtime)
+    set(glidewing_sfml_problem "")
+    set(glidewing_sfml_version "")
+    set(glidewing_sfml_runtime "")
     set(components Graphics Window Audio System)
     # Whoever has this project as a subfolder links these targets as well.
     set(CMAKE_FIND_PACKAGE_TARGETS_GLOBAL ON)
     if(GLIDEWING_FETCH_SFML)
         include(FetchContent)
-        set(SFML_BUILD_NETWORK OFF)
+        if(NOT glidewing_sfml_fetched)
+            set(glidewing_sfml_fetched 3.1.0)
+            if(CMAKE_VERSION VERSION_LESS 3.28) # what that one's own build wants
+                set(glidewing_sfml_fetched 3.0.2)
+            endif()
+        endif()
+        message(STATUS "SFML ${glidewing_sfml_fetched}: fetching its sources")
+        # There is no such SOURCE_SUBDIR, so this only fetches. What is added below has
+        # nothing to be installed with ours.
         FetchContent_Declare(SFML
             GIT_REPOSITORY https://github.com/SFML/SFML.git
-            GIT_TAG 3.1.0
+            GIT_TAG ${glidewing_sfml_fetched}
             GIT_SHALLOW ON
-            SYSTEM)
-        message(STATUS "SFML 3: fetching its sources")
+            SOURCE_SUBDIR none)
         FetchContent_MakeAvailable(SFML)
+        set(BUILD_SHARED_LIBS OFF)
+        set(SFML_BUILD_NETWORK OFF)
+        add_subdirectory(${sfml_SOURCE_DIR} ${sfml_BINARY_DIR} EXCLUDE_FROM_ALL SYSTEM)
+        get_directory_property(glidewing_sfml_version
+            DIRECTORY ${sfml_SOURCE_DIR} DEFINITION PROJECT_VERSION)
+        set(origin "compiled from its sources in ${sfml_SOURCE_DIR}")
     else()
+        if(NOT glidewing_sfml_wanted)
+            set(glidewing_sfml_wanted 3)
+        endif()
         glidewing_sfml_runtime_dir(runtime)
-        find_package(SFML 3 QUIET CONFIG COMPONENTS ${components})
+        find_package(SFML ${glidewing_sfml_wanted} QUIET CONFIG COMPONENTS ${components})
         set(package "${SFML_DIR}")
+        set(considered ${SFML_CONSIDERED_VERSIONS})
         if(NOT SFML_FOUND AND runtime)
-            find_package(SFML 3 QUIET CONFIG COMPONENTS ${components}
+            find_package(SFML ${glidewing_sfml_wanted} QUIET CONFIG COMPONENTS ${components}
                 PATHS "${runtime}/usr" NO_DEFAULT_PATH)
             set(package "${SFML_DIR}")
+            list(APPEND considered ${SFML_CONSIDERED_VERSIONS})
             # Not remembered: the next configuration asks the system first again.
             unset(SFML_DIR CACHE)
         endif()
-        if(NOT SFML_FOUND)
-            message(FATAL_ERROR
-                "SFML 3 was not found, neither on the system nor in \"${runtime}\".\n"
-                "Run scripts/bootstrap, then configure again. (Or configure with "
-                "-DGLIDEWING_FETCH_SFML=ON, which fetches and compiles it.)")
-        endif()
+        set(glidewing_sfml_version "${SFML_VERSION}")
 
         # A private runtime is told by the stamp of scripts/bootstrap, however it
         # was found.
         get_filename_component(prefix "${package}/../../../../.." ABSOLUTE)
-        if(EXISTS "${prefix}/bootstrap.stamp")
-            glidewing_link_sfml_runtime(glidewing_sfml "${prefix}" "${package}")
-            message(STATUS "SFML ${SFML_VERSION}: the private runtime in ${prefix}")
+        if(NOT SFML_FOUND)
+            set(glidewing_sfml_problem "SFML ${glidewing_sfml_wanted} was not found")
+            if(considered)
+                list(JOIN considered ", " considered)
+                string(APPEND glidewing_sfml_problem ", only ${considered}")
+            endif()
+        elseif(EXISTS "${prefix}/bootstrap.stamp")
+            set(glidewing_sfml_runtime "${prefix}")
+            set(origin "the private runtime in ${prefix}")
+            get_filename_component(libraries "${package}/../.." ABSOLUTE)
+            file(GLOB loader "${libraries}/ld-linux*.so.*")
+            if(NOT loader)
+                set(glidewing_sfml_problem "The private SFML runtime in ${prefix} has no loader")
+            endif()
         else()
-            message(STATUS "SFML ${SFML_VERSION}: the system's in ${package}")
+            set(origin "the system's in ${package}")
         endif()
     endif()
-    list(TRANSFORM components PREPEND SFML::)
-    target_link_libraries(glidewing_sfml INTERFACE ${components})
+
+    if(NOT glidewing_sfml_problem)
+        if(NOT Glidewing_FIND_QUIETLY)
+            message(STATUS "SFML ${glidewing_sfml_version}: ${origin}")
+        endif()
+        list(TRANSFORM components PREPEND SFML::)
+        add_library(glidewing_sfml INTERFACE)
+        add_library(glidewing::sfml ALIAS glidewing_sfml)
+        target_link_libraries(glidewing_sfml INTERFACE ${components})
+        if(glidewing_sfml_runtime)
+            glidewing_link_sfml_runtime(glidewing_sfml "${libraries}" "${loader}")
+        endif()
+    endif()
 endblock()

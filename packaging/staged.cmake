@@ -19,7 +19,12 @@ if(NOT files)
     message(FATAL_ERROR "there is no program in ${CPACK_TEMPORARY_DIRECTORY}")
 endif()
 list(GET files 0 first)
-string(REGEX REPLACE "/libexec/tazlet/.*" "/libexec/tazlet/lib" libraries "${first}")
+string(REGEX REPLACE "/libexec/tazlet/.*" "" prefix "${first}")
+set(libraries "${prefix}/libexec/tazlet/lib")
+
+# Debian's games are started from a directory of their own.
+cmake_path(GET CPACK_TAZLET_BINDIR PARENT_PATH parent)
+file(RENAME "${prefix}/${CPACK_TAZLET_BINDIR}" "${prefix}/${parent}/games")
 
 # dpkg-shlibdeps wants to see a source package.
 set(scratch "${CPACK_TOPLEVEL_DIRECTORY}/dependencies")
