@@ -16,4 +16,5 @@ set(DOXYGEN_WARN_AS_ERROR FAIL_ON_WARNINGS)
 # A parameter that its name explains needs no words.
 set(DOXYGEN_WARN_IF_INCOMPLETE_DOC NO)
 set(DOXYGEN_MACRO_EXPANSION YES)
-doxygen_add_docs(docs engine COMMENT "Writing the reference of the engine")
+doxygen_add_docs(docs engine ${CMAKE_CURRENT_BINARY_DIR}/engine/Version.h
+    COMMENT "Writing the reference of the engine")
