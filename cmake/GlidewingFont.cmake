@@ -6,10 +6,14 @@ find_file(GLIDEWING_FONT
     NAMES agave-r-autohinted.ttf agave-r.ttf Inconsolata.otf Inconsolata-Regular.ttf
     PATHS /usr/share/fonts/truetype/agave /usr/share/fonts/truetype/inconsolata
           /usr/share/fonts/opentype/inconsolata
+          /usr/share/fonts/levien-inconsolata-fonts /usr/share/fonts/TTF
+    NO_CMAKE_FIND_ROOT_PATH # the same font when it is built for another system
     DOC "A fixed-width TrueType font whose characters are half as wide as the size")
 if(NOT GLIDEWING_FONT)
-    message(FATAL_ERROR "No font: run scripts/bootstrap, or set GLIDEWING_FONT to a fixed-width "
-                        "TrueType font whose characters are half as wide as the character size")
+    message(FATAL_ERROR "No font.\n"
+        "On Debian and its like, scripts/bootstrap gets one. Elsewhere install Inconsolata, or "
+        "name any fixed-width TrueType font whose characters are half as wide as the character "
+        "size: -DGLIDEWING_FONT=...")
 endif()
 add_custom_target(stage-font
     COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/run
