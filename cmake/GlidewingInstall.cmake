@@ -7,8 +7,8 @@
 #   <prefix>/share/tazlet               sprites, sounds, music, font
 #   <prefix>/share/...                  manual page, menu entry, icons, licences
 #
-# Components: `game`; `runtime`, the private SFML where there is one; and what only
-# packages have, see GlidewingPackage.cmake.
+# Components: `program`; `runtime`, the private SFML where there is one; `game`, the rest;
+# and what only packages have, see GlidewingPackage.cmake.
 
 include(GNUInstallDirs)
 set(GLIDEWING_WEB "https://glidewing.example" CACHE STRING
@@ -45,7 +45,7 @@ else()
     # No path at all, unless SFML is the user's own, outside of where the system looks.
     tazlet_add_program(tazlet-installed INSTALL_RPATH_USE_LINK_PATH ON)
 endif()
-install(TARGETS tazlet-installed DESTINATION ${tazlet_private_dir} COMPONENT game)
+install(TARGETS tazlet-installed DESTINATION ${tazlet_private_dir} COMPONENT program)
 
 # --- what goes beside it -------------------------------------------------------
 

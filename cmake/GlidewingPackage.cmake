@@ -21,10 +21,6 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_COMPONENTS_GROUPING ALL_COMPONENTS_IN_ONE)
 set(CPACK_GENERATOR TGZ DEB)
 set(CPACK_TAZLET_BINDIR ${CMAKE_INSTALL_BINDIR})
-set(CPACK_TAZLET_RUNTIME "")
-if(glidewing_sfml_runtime)
-    set(CPACK_TAZLET_RUNTIME runtime)
-endif()
 # Which components each generator takes.
 set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_SOURCE_DIR}/packaging/cpack.cmake)
 
@@ -39,12 +35,14 @@ install(FILES ${out}/README.portable DESTINATION . RENAME README COMPONENT porta
     EXCLUDE_FROM_ALL)
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tazlet
     COMPONENT portable EXCLUDE_FROM_ALL)
-if(NOT glidewing_sfml_runtime)
-    # Libraries come along, so it takes a program that looks for them beside itself, and
-    # not only if that is newer than the installed one.
+if(glidewing_sfml_runtime)
+    set(CPACK_TAZLET_DEBIAN program runtime)
+    set(CPACK_TAZLET_PORTABLE program runtime)
+else()
+    set(CPACK_TAZLET_DEBIAN program)
+    # Libraries come along here, so this program looks for them beside itself.
+    set(CPACK_TAZLET_PORTABLE "")
     tazlet_add_program(tazlet-portable INSTALL_RPATH "$ORIGIN/lib")
-    set(installed "\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${tazlet_private_dir}/tazlet")
-    install(CODE "file(REMOVE \"${installed}\")" COMPONENT portable EXCLUDE_FROM_ALL)
     install(TARGETS tazlet-portable DESTINATION ${tazlet_private_dir}
         COMPONENT portable EXCLUDE_FROM_ALL)
 endif()
