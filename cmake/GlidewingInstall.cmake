@@ -11,10 +11,11 @@
 # and what only packages have, see GlidewingPackage.cmake.
 
 include(GNUInstallDirs)
-set(GLIDEWING_WEB "https://glidewing.example" CACHE STRING
-    "Address of the project's pages, for the software centre entry; the default is a \
-reserved name, so whoever publishes packages sets their own")
-mark_as_advanced(GLIDEWING_WEB)
+# Both defaults have a reserved name, so whoever publishes packages sets their own.
+set(GLIDEWING_WEB "https://glidewing.example" CACHE STRING "Address of the project's pages")
+set(GLIDEWING_MAINTAINER "The Glidewing maintainers <maintainers@glidewing.example>"
+    CACHE STRING "Who makes the packages, and answers for them: name and mail address")
+mark_as_advanced(GLIDEWING_WEB GLIDEWING_MAINTAINER)
 
 set(tazlet_private_dir ${CMAKE_INSTALL_LIBEXECDIR}/tazlet)
 set(tazlet_data_dir ${CMAKE_INSTALL_DATADIR}/tazlet)

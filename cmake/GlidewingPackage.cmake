@@ -58,7 +58,7 @@ set(CPACK_DEBIAN_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION games)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-set(CPACK_DEBIAN_PACKAGE_MAINTAINER "The Glidewing maintainers <maintainers@glidewing.example>")
+set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${GLIDEWING_MAINTAINER}")
 # What is opened at run time. What is linked is added by packaging/staged.cmake.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libgl1, libgl1-mesa-dri, libpulse0 | libasound2")
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/staged.cmake)
