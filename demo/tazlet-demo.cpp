@@ -10,9 +10,9 @@
 #include "Recording.h"
 #include "ReplayPlayer.h"
 #include "ResourceManager.h"
-#include "StandardStreams.h"
 #include "Witness.h"
 #include "WorldManager.h"
+#include "platform.h"
 #include "tazlet.h"
 #include "utility.h"
 

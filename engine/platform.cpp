@@ -20,6 +20,10 @@ namespace gw {
 
 #ifdef _WIN32
 
+/// Files have no places here.
+void keepStandardStreams() {
+}
+
 std::tm toLocalTime(std::time_t time) {
   std::tm local{};
   localtime_s(&local, &time);
@@ -46,6 +50,16 @@ std::FILE *openExclusively(const std::string &filename, bool &is_taken) {
 }
 
 #else
+
+void keepStandardStreams() {
+  // Opened for reading, and always in the lowest place that is free.
+  int place = 0;
+  do
+    place = open("/dev/null", O_RDONLY | O_CLOEXEC);
+  while (place >= 0 && place <= STDERR_FILENO);
+  if (place > STDERR_FILENO)
+    close(place);
+}
 
 std::tm toLocalTime(std::time_t time) {
   std::tm local{};

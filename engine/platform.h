@@ -10,6 +10,11 @@ namespace gw {
 /// What standard C++ has no way for, once for each platform: nothing else in the engine
 /// asks which one it is on, but for the connection to the display.
 
+/// To be called first in `main`. Where the program was started with a standard stream
+/// closed, the next file to be opened would get that stream's place, and all that is
+/// printed. This keeps the place: what is printed there fails, as it should.
+void keepStandardStreams();
+
 /// Calendar time as the local clock on the wall shows it; all zero when the platform
 /// cannot tell.
 std::tm toLocalTime(std::time_t time);

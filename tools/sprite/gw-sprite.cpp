@@ -3,8 +3,8 @@
 
 #include "Picture.h"
 #include "SpriteLoader.h"
-#include "StandardStreams.h"
 #include "TerminalPlayer.h"
+#include "platform.h"
 #include "utility.h"
 
 #include <CLI/CLI.hpp>
