@@ -33,7 +33,8 @@ std::size_t lengthOfPrintable(const std::string &text, std::size_t start) {
   const std::size_t length = first >= 0xf0 ? 4 : first >= 0xe0 ? 3 : 2;
   unsigned code = first & (0xffu >> (length + 1));
   for (std::size_t i = start + 1; i < start + length; i++) {
-    const unsigned char next = i < text.size() ? text[i] : '\0';
+    // At the end of the text stands a zero, which is no part of a character.
+    const auto next = static_cast<unsigned char>(text[i]);
     if ((next & 0xc0) != 0x80)
       return 0;
     code = code << 6 | (next & 0x3fu);

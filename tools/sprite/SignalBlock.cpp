@@ -1,5 +1,8 @@
 #include "SignalBlock.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 constexpr int ENDS[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM};
@@ -25,8 +28,7 @@ SignalBlock::~SignalBlock() {
 bool SignalBlock::isPending() {
   sigset_t pending{};
   sigpending(&pending);
-  for (const int number : ENDS)
-    if (sigismember(&pending, number) == 1)
-      return true;
-  return false;
+  return std::any_of(std::begin(ENDS), std::end(ENDS), [&pending](int number) {
+    return sigismember(&pending, number) == 1;
+  });
 }
