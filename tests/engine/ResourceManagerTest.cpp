@@ -135,11 +135,11 @@ TEST_F(ResourceManagerTest, WhatASpriteFileClaimsCostsNoMemory) {
   expectRefused(lines({"1", huge, "1", "0", "red", "abc"}), too_narrow, "abc");
   expectRefused(lines({huge, huge, huge, huge, "red", "abc"}), too_narrow, "abc");
   EXPECT_LT(peak() - before, 50000);
-  const std::string line(8000000, '1');
+  const std::string ones(8000000, '1');
   const std::string quoted = std::string(200, '1') + "...";
-  expectRefused(line, reason(1, "2147483647"), quoted);
-  expectRefused(lines({"1", "3", "1", "0", line}), reason(5, ""), quoted);
-  expectRefused(lines({"1", "3", "1", "0", "red", line}), reason(6, "8000000"), quoted);
+  expectRefused(ones, reason(1, "2147483647"), quoted);
+  expectRefused(lines({"1", "3", "1", "0", ones}), reason(5, ""), quoted);
+  expectRefused(lines({"1", "3", "1", "0", "red", ones}), reason(6, "8000000"), quoted);
   EXPECT_LT(peak() - before, 500000) << "a line is held a few times at most";
 }
 
