@@ -61,3 +61,16 @@ make_root() {
     quietly in_system "$place.new" useradd --create-home --shell /bin/bash player
     mv -T "$place.new" "$place"
 }
+
+# wait_at_most SECONDS PID: the status of a background process, which is killed then.
+# Nothing in the background watches the time: a subshell that is ended as it starts
+# still has the exit commands of the script.
+wait_at_most() {
+    local seconds
+    for ((seconds = 0; seconds < $1; seconds++)); do
+        kill -0 "$2" 2>/dev/null || break
+        sleep 1
+    done
+    kill -KILL "$2" 2>/dev/null || true
+    wait "$2"
+}
