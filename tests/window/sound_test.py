@@ -20,7 +20,8 @@ import wave
 
 DEMO, STAGED, PRELOAD = (pathlib.Path(argument) for argument in sys.argv[1:4])
 RATE = 44100
-WINDOW = RATE // 20  # samples in which a tone is looked for
+WINDOW = RATE // 20  # samples in which a tone is looked for, part by part:
+PART = RATE // 100  # a hole shifts what follows; samples, whole periods of every tone
 
 # Every sound is replaced by a tone of its own, in Hz; the music goes on quietly.
 TONES = {"sounds/game_start.wav": 500, "sounds/bug_spawn.wav": 2600, "sounds/click_pin.wav": 900,
@@ -33,7 +34,7 @@ seed 3963
 60 key-press 15
 62 mouse-press 0 400 320
 150 mouse-press 0 100 600
-end 210
+end 180
 """
 
 
@@ -45,21 +46,22 @@ def tone(hertz, seconds, loudness):
 
 
 def is_dry(window):
-    """Whether the sound card ran dry: the music never stops, so the game sends no 5 ms of
+    """Whether the sound card ran dry: the music never stops, so the game sends no 1 ms of
     silence. On a busy machine it comes too late at times, and the server fills the hole."""
-    return bytes(2 * RATE // 200) in window.tobytes()
+    return bytes(2 * RATE // 1000) in window.tobytes()
 
 
 def moments(windows, hertz):
     """Where this tone begins to be heard, in seconds. A hole holds it up, but does not end it."""
-    turns = [cmath.exp(2j * math.pi * hertz * i / RATE) for i in range(WINDOW)]
+    turns = [cmath.exp(2j * math.pi * hertz * i / RATE) for i in range(PART)]
     begins, was_heard = [], False
     for i, window in enumerate(windows):
-        if not is_dry(window):
-            heard = abs(sum(map(operator.mul, window, turns))) > 0.01 * 32768 * WINDOW
-            if heard and not was_heard:
-                begins.append(i * WINDOW / RATE)
-            was_heard = heard
+        loudness = sum(abs(sum(map(operator.mul, window[start : start + PART], turns)))
+                       for start in range(0, WINDOW, PART))
+        heard = loudness > 0.01 * 32768 * WINDOW
+        if heard and not was_heard:
+            begins.append(i * WINDOW / RATE)
+        was_heard = heard or was_heard and is_dry(window)
     return begins
 
 
