@@ -31,8 +31,8 @@ unsigned characterSize(sf::Vector2f cell) {
   return static_cast<unsigned>((cell.y > cell.x ? cell.x : cell.y) * 2);
 }
 
-/// The library's text shows nothing for control characters, where its font has a
-/// box for characters that it lacks.
+/// Nothing is shown for control characters, as the library's text does it from version
+/// 3.1 on; its font has a box for characters that it lacks.
 bool isControl(char ch) {
   const auto code = static_cast<unsigned char>(ch);
   return code < 32 || code == 127;

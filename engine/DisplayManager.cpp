@@ -199,8 +199,15 @@ bool DisplayManager::openWindow() {
   if (!p_window->isOpen()) {
     delete p_window;
     p_window = nullptr;
+    return false;
   }
-  return p_window;
+#if SFML_VERSION_MAJOR == 3 && SFML_VERSION_MINOR == 0
+  // This one opens windows half outside of the screen, and not every window manager
+  // brings them back.
+  const sf::Vector2i screen(sf::VideoMode::getDesktopMode().size);
+  p_window->setPosition((screen - sf::Vector2i(mode.size)) / 2);
+#endif
+  return true;
 }
 
 void DisplayManager::clear() {

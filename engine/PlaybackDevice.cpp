@@ -44,7 +44,9 @@ void requirePlaybackDevice() {
   const bool silenced = device || selectNullDevice();
   LogManager::getInstance().writeLog(
       WARNING, "gw::requirePlaybackDevice() - No playback device can be opened. %s",
-      silenced ? "Going on without sound." : "The null device cannot be opened either.");
+      silenced
+          ? "Going on without sound."
+          : "The null device cannot be chosen either; the audio library will complain.");
 }
 
 } // namespace gw

@@ -2,6 +2,7 @@
 
 #include "WindowTest.h"
 
+#include <cctype>
 #include <cmath>
 
 /// Draws through the display manager and remembers every character, to compare
@@ -53,7 +54,8 @@ public:
       text.setString(character.ch);
       text.setFillColor(character.color);
       text.setPosition(character.position);
-      if (has_glyphs)
+      // The library shows boxes for control characters before version 3.1.
+      if (has_glyphs && !std::iscntrl(static_cast<unsigned char>(character.ch)))
         window.draw(text);
     }
     return samePixels(actual, picture());

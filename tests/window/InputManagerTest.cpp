@@ -89,7 +89,7 @@ TEST_F(InputManagerTest, KeysAndPointerBecomeEventsInTheirOrder) {
           "press 1 at 0.5, 0.5", "release 1 at 0.5, 0.5"});
   expect("click 8", {"press -1 at 0.5, 0.5", "release -1 at 0.5, 0.5"});
   expect("click 4 click 5 key q", {"key down 43", "key up 43"});
-  expect("windowsize --sync $W 1280 960 mousemove --window $W 640 481",
+  expect("windowmove $W 0 0 windowsize --sync $W 1280 960 mousemove --window $W 640 481",
          {"move -1 at 64, 24"});
   expect("mousemove --window $W 1279 959", {"move -1 at 127.875, 47.9375"});
   expect("windowsize --sync $W 1024 768 mousemove --window $W 4 8",

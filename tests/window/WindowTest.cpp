@@ -1,6 +1,20 @@
 #include "WindowTest.h"
 
+#include <SFML/Config.hpp>
+
+#include <cstdlib>
 #include <filesystem>
+
+namespace {
+
+/// SFML 3.0 puts glyphs at places of its texture where software OpenGL, drawing them one
+/// by one, is off by the last bit.
+bool differs(int found, int wanted) {
+  constexpr int OFF = SFML_VERSION_MAJOR == 3 && SFML_VERSION_MINOR == 0 ? 1 : 0;
+  return std::abs(found - wanted) > OFF;
+}
+
+} // namespace
 
 void WindowTest::SetUp() {
   EngineTest::SetUp();
@@ -33,15 +47,16 @@ testing::AssertionResult samePixels(const sf::Image &actual, const sf::Image &ex
   if (actual.getSize() != size || size.x == 0 || size.y == 0)
     return testing::AssertionFailure() << "pictures of different sizes, or empty ones";
   for (unsigned i = 0; i < size.x * size.y; i++) {
-    constexpr std::uint32_t ALPHA = 0xff; // is not seen
     const sf::Vector2u at(i % size.x, i / size.x);
-    const std::uint32_t found = actual.getPixel(at).toInteger() | ALPHA;
-    const std::uint32_t wanted = expected.getPixel(at).toInteger() | ALPHA;
-    if (found != wanted)
+    const sf::Color found = actual.getPixel(at);
+    const sf::Color wanted = expected.getPixel(at);
+    if (differs(found.r, wanted.r) || differs(found.g, wanted.g) ||
+        differs(found.b, wanted.b))
       return testing::AssertionFailure()
              << "(" << at.x << ", " << at.y
              << ") is the first of the pixels that differ: "
-             << (testing::Message() << std::hex << found << " instead of " << wanted);
+             << (testing::Message() << std::hex << found.toInteger() << " instead of "
+                                    << wanted.toInteger());
   }
   return testing::AssertionSuccess();
 }
