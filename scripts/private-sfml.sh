@@ -192,16 +192,25 @@ unpack_runtime() {
     } >"$1/bootstrap.stamp"
 }
 
+# Those of the C library that was unpacked; an archive forgets older ones.
+download_debug_symbols() {
+    download "libc6-dbg=$(awk '$1 ~ /^libc6(:|$)/ { print $2 }' "$unpacked_stamp")"
+}
+
 # Valgrind does not start a program without the symbols of its C library, and finds
 # them in a directory beside it.
 add_debug_symbols() {
-    local symbols=$runtime/usr/lib/debug libraries version
+    local symbols=$runtime/usr/lib/debug libraries
     [[ ! -d $symbols ]] || return 0
     scratch=$(mktemp -d "${TMPDIR:-/tmp}/glidewing-sfml.XXXXXX")
     private_apt_setup
     say "Fetching the C library's debug symbols (7 MB) into $symbols ..."
-    version=$(awk '$1 ~ /^libc6(:|$)/ { print $2 }' "$unpacked_stamp")
-    download "libc6-dbg=$version" || fail 'the debug symbols cannot be fetched'
+    if ! download_debug_symbols; then
+        say 'There is a newer C library by now; making the private SFML 3 anew ...'
+        rm -rf "$scratch"
+        make_once false unpack_runtime
+        download_debug_symbols || fail 'the debug symbols cannot be fetched'
+    fi
     dpkg -x "$scratch"/debs/libc6-dbg_*.deb "$runtime" >>"$log" 2>&1 ||
         fail 'the debug symbols cannot be unpacked'
     for libraries in "$runtime"/usr/lib/*-linux-gnu; do
