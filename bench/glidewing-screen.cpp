@@ -13,6 +13,7 @@
 #include "Random.h"
 #include "Screen.h"
 #include "Sequence.h"
+#include "SoldTag.h"
 #include "WorldManager.h"
 #include "gameUtility.h"
 #include "tazlet.h"
@@ -32,7 +33,7 @@ Insect *addInsect() {
   Insect *p_insect = gw::rand() % 2 == 0 ? static_cast<Insect *>(new Butterfly)
                                          : static_cast<Insect *>(new Glidewing);
   p_insect->setColor(INSECT_COLORS[static_cast<std::size_t>(gw::rand()) % 5]);
-  setTintedSprite(*p_insect);
+  p_insect->setTintedSprite();
   p_insect->setPosition(gw::Vector(randomBetween(10, 95), randomBetween(12, 38)));
   p_insect->setVelocity(gw::Vector(randomBetween(-1.4f, 1.4f), randomBetween(-.9f, .9f)));
   return p_insect;
@@ -45,7 +46,7 @@ void keepFlying() {
   const gw::ObjectList objects = world.getAllObjects();
   int flying = 0;
   for (int i = 0; i < objects.getCount(); i++) {
-    const bool flies = isInsectType(objects[i]->getType()) && objects[i]->getSpeed() > 0;
+    const bool flies = dynamic_cast<Insect *>(objects[i]) && objects[i]->getSpeed() > 0;
     if (flies && !world.isMarkedForDelete(objects[i]) && ++flying > FLYING)
       world.markForDelete(objects[i]);
   }
@@ -66,8 +67,8 @@ void startBusyGame() {
   key.setKeyboardAction(gw::KEY_PRESSED);
   world.onEvent(&key);
   // Sells the first row, which takes off the board what is there already.
-  findFirst<Sequence>("Sequence")->generateSequence(TARGETS);
-  world.markForDelete(findFirst<gw::Object>("SoldTag"));
+  findFirst<Sequence>()->generateSequence(TARGETS);
+  world.markForDelete(findFirst<SoldTag>());
   for (int i = 0; i < PINNED; i++) {
     Insect *p_insect = addInsect();
     p_insect->setPinned(true);

@@ -5,8 +5,6 @@
 #include "LogManager.h"
 #include "tazlet.h"
 
-#include <limits>
-
 int main() {
   gw::GameManager &game = gw::GameManager::getInstance();
   if (game.startUp() != 0)
@@ -15,6 +13,6 @@ int main() {
   gw::LogManager::getInstance().setFlush(true);
   loadResources();
   populateGame();
-  game.runStep(std::numeric_limits<int>::max()); // so late that it does not sleep
+  game.runStep(gw::NEVER_SLEEP);
   game.shutDown();
 }

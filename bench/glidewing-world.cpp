@@ -3,7 +3,7 @@
 
 #include "EventCollision.h"
 #include "Field.h"
-#include "LogManager.h"
+#include "GameManager.h"
 #include "Object.h"
 #include "ResourceManager.h"
 #include "WorldManager.h"
@@ -104,9 +104,7 @@ BENCHMARK(Memory)->Iterations(1);
 
 int main(int argc, char **argv) {
   benchmark::Initialize(&argc, argv);
-  gw::LogManager::getInstance().startUp();
-  gw::ResourceManager::getInstance().startUp();
+  gw::GameManager::getInstance().startUpHeadless();
   benchmark::RunSpecifiedBenchmarks();
-  gw::ResourceManager::getInstance().shutDown();
-  gw::LogManager::getInstance().shutDown();
+  gw::GameManager::getInstance().shutDown();
 }

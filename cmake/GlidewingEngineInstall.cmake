@@ -1,7 +1,7 @@
 # What `cmake --install` puts where for those who write games on an installed engine.
 # Include it once, in the top directory, outside of the builds with sanitizers.
 #
-#   <prefix>/include/glidewing                the headers, as "Object.h" and as
+#   <prefix>/include/glidewing                the public headers, as "Object.h" and as
 #                                             <glidewing/Object.h>
 #   <prefix>/lib/libglidewing.a               the engine
 #   <prefix>/lib/cmake/Glidewing              for find_package(Glidewing): gw::engine, and
@@ -30,11 +30,8 @@ target_include_directories(glidewing INTERFACE
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/glidewing>)
 install(TARGETS glidewing EXPORT Glidewing
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT engine)
-install(DIRECTORY engine/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/glidewing
-    COMPONENT engine FILES_MATCHING PATTERN "*.h")
-install(FILES ${PROJECT_BINARY_DIR}/engine/Version.h
-    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/glidewing COMPONENT engine)
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT engine
+    PUBLIC_HEADER DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/glidewing COMPONENT engine)
 install(FILES ${GLIDEWING_FONT} DESTINATION ${glidewing_font_dir} RENAME gw-font.ttf
     COMPONENT engine)
 

@@ -6,7 +6,6 @@
 #include "Sequence.h"
 #include "WorldManager.h"
 #include "gameUtility.h"
-#include "utility.h"
 
 #include <algorithm>
 #include <cmath>
@@ -41,7 +40,7 @@ bool isFree(const Insect &insect) {
 }
 
 bool isBee(const Insect &insect) {
-  return insect.getType() == BEE_TYPE;
+  return insect.getType() == Bee::TYPE;
 }
 
 /// The free insect nearest to a place for which `fits` holds, or null.
@@ -57,19 +56,18 @@ template <class Fits> const Insect *findNearest(gw::Vector place, Fits fits) {
 
 /// What the row asks for next, or null.
 const Insect *findTarget() {
-  const auto *p_sequence = findFirst<Sequence>("Sequence");
+  const auto *p_sequence = findFirst<Sequence>();
   if (!p_sequence ||
       p_sequence->getCurrentIndex() >= p_sequence->getSequence().getCount())
     return nullptr;
-  return dynamic_cast<Insect *>(p_sequence->getSequence()[p_sequence->getCurrentIndex()]);
+  return &asInsect(p_sequence->getSequence()[p_sequence->getCurrentIndex()]);
 }
 
 /// Whether a press there would pin something else as well.
 bool hitsOthers(gw::Vector where, const Insect &wanted) {
-  const gw::Box probe(where + gw::Vector(-0.5f, -0.5f), 1, 1);
   for (const Insect *p_insect : allInsects())
     if (p_insect != &wanted && isFree(*p_insect) && !isBee(*p_insect) &&
-        gw::boxesIntersect(gw::getWorldBox(p_insect), probe))
+        p_insect->isUnder(where))
       return true;
   return false;
 }
@@ -104,7 +102,7 @@ void AutoPlayer::play(int) {
 }
 
 void AutoPlayer::leaveMenu() {
-  const auto *p_menu = findFirst<GameStart>("GameStart");
+  const auto *p_menu = findFirst<GameStart>();
   menu_steps = p_menu && p_menu->getMenuActive() ? menu_steps + 1 : 0;
   if (menu_steps > MENU_STEPS) {
     pressKey(sf::Keyboard::Key::P);

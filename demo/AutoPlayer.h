@@ -3,6 +3,7 @@
 #include "Insect.h"
 #include "Player.h"
 
+#include <array>
 #include <random>
 #include <vector>
 
@@ -14,6 +15,20 @@ enum class Profile {
   hostile, ///< several events on every step, everything everywhere: any key but
            ///< `Q`, all buttons, outside the window, on what has just been pressed
 };
+
+/// What players call it.
+struct NamedProfile {
+  const char *name;
+  Profile profile;
+};
+
+/// All profiles.
+inline constexpr std::array<NamedProfile, 4> PROFILES = {{
+    {"skilled", Profile::skilled},
+    {"random", Profile::random},
+    {"greedy", Profile::greedy},
+    {"hostile", Profile::hostile},
+}};
 
 /// Plays by itself, game after game. What it does depends on nothing but the seed
 /// and the world; it does not touch the game's own generator.

@@ -3,6 +3,8 @@
 #include "EventStep.h"
 #include "InputManager.h"
 
+#include <SFML/Window/Event.hpp>
+
 namespace {
 
 void post(const sf::Event &event) {

@@ -25,8 +25,7 @@ bool parse(const std::string &word, long long low, long long high, long long &va
 
 /// What a message shows of a word, however long that is.
 std::string quote(const std::string &word) {
-  constexpr std::size_t LONGEST = 200;
-  return '"' + word.substr(0, LONGEST) + '"';
+  return '"' + gw::shortened(word) + '"';
 }
 
 /// Reads the recording's lines into `recording`.

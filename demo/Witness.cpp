@@ -52,7 +52,7 @@ int Witness::eventHandler(const gw::Event *p_e) {
     noteSlowDown();
   } else if (p_e->getType() == CLEAR_EVENT) {
     achievements.rows_sold++;
-    if (findFirst<GameOver>("GameOver"))
+    if (findFirst<GameOver>())
       achievements.sold_on_full_board++;
   } else if (const auto *p_key =
                  gw::eventAs<gw::EventKeyboard>(p_e, gw::KEYBOARD_EVENT)) {
@@ -64,7 +64,7 @@ int Witness::eventHandler(const gw::Event *p_e) {
 }
 
 void Witness::look() {
-  const auto *p_score = findFirst<Score>("Score");
+  const auto *p_score = findFirst<Score>();
   if (p_score)
     achievements.best_score = std::max(achievements.best_score, p_score->getScore());
   const bool is_playing = p_score != nullptr;
@@ -77,8 +77,7 @@ void Witness::look() {
 void Witness::noteSlowDown() {
   if (slow_steps_left > 0)
     achievements.overlapping_slow_downs++;
-  constexpr int SLOW_DOWN = 34; // steps
-  slow_steps_left = SLOW_DOWN;
+  slow_steps_left = Slower::SLOW_DOWN_STEPS;
 }
 
 void Witness::record(const gw::EventKeyboard &event) {

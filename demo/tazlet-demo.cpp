@@ -5,14 +5,10 @@
 #include "Digest.h"
 #include "GameManager.h"
 #include "LogManager.h"
-#include "PlaybackDevice.h"
 #include "Random.h"
 #include "Recording.h"
 #include "ReplayPlayer.h"
-#include "ResourceManager.h"
 #include "Witness.h"
-#include "WorldManager.h"
-#include "platform.h"
 #include "tazlet.h"
 #include "utility.h"
 
@@ -22,10 +18,9 @@
 #include <cinttypes>
 #include <csignal>
 #include <cstdio>
-#include <limits>
-#include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -60,6 +55,10 @@ bool readOptions(int argc, char **argv, Options &options, int &status) {
   });
   long long steps = *options.steps;
   std::string profile = "skilled";
+  std::vector<std::string> names;
+  for (const NamedProfile &named : PROFILES)
+    names.emplace_back(named.name);
+  names.emplace_back("human");
   bool headless = false;
   app.add_option("--seed", options.seed, "of the game and of the player")
       ->capture_default_str();
@@ -67,7 +66,7 @@ bool readOptions(int argc, char **argv, Options &options, int &status) {
       ->check(CLI::NonNegativeNumber)
       ->capture_default_str();
   app.add_option("--profile", profile, "how to play; \"human\" leaves it to you")
-      ->check(CLI::IsMember({"skilled", "random", "greedy", "hostile", "human"}))
+      ->check(CLI::IsMember(names))
       ->capture_default_str();
   auto *p_window =
       app.add_flag("--window", options.window, "in a window, at the game's pace");
@@ -90,13 +89,10 @@ bool readOptions(int argc, char **argv, Options &options, int &status) {
     options.steps.reset();
   else
     options.steps = steps;
-  const std::map<std::string, Profile> profiles = {{"skilled", Profile::skilled},
-                                                   {"random", Profile::random},
-                                                   {"greedy", Profile::greedy},
-                                                   {"hostile", Profile::hostile}};
-  const auto found = profiles.find(profile);
-  options.profile =
-      found == profiles.end() ? std::nullopt : std::optional<Profile>(found->second);
+  options.profile.reset();
+  for (const NamedProfile &named : PROFILES)
+    if (profile == named.name)
+      options.profile = named.profile;
   if (!options.profile && !options.window) {
     status = fail("a person needs --window");
     return false;
@@ -106,30 +102,13 @@ bool readOptions(int argc, char **argv, Options &options, int &status) {
 
 /// The engine, with a window or without. @return whether it is running
 bool startEngine(bool window) {
+  gw::GameManager &game = gw::GameManager::getInstance();
+  if ((window ? game.startUp() : game.startUpHeadless()) != 0)
+    return false;
   gw::LogManager &log = gw::LogManager::getInstance();
-  if (window) {
-    if (gw::GameManager::getInstance().startUp() != 0)
-      return false;
-  } else {
-    log.startUp();
-    gw::ResourceManager::getInstance().startUp();
-    gw::WorldManager::getInstance().startUp();
-    // Nobody listens, and nobody should be disturbed.
-    gw::silencePlayback();
-  }
   log.setLogLevel(gw::ALL);
   log.setFlush(true);
   return true;
-}
-
-void stopEngine(bool window) {
-  if (window) {
-    gw::GameManager::getInstance().shutDown();
-  } else {
-    gw::WorldManager::getInstance().shutDown();
-    gw::ResourceManager::getInstance().shutDown();
-    gw::LogManager::getInstance().shutDown();
-  }
 }
 
 void printDigest(long long step) {
@@ -167,14 +146,12 @@ private:
 /// write cannot be written. @param p_writer null for none @return steps
 long long run(const Options &options, const RecordingWriter *p_writer) {
   gw::GameManager &game = gw::GameManager::getInstance();
-  // Lateness that is never paid back keeps the loop from sleeping.
-  constexpr long long NEVER_SLEEP = std::numeric_limits<int>::max();
   Progress progress(options.steps);
   long long adjust_time = 0;
   long long step = 0;
   while (!game.getGameOver() && !interrupted && !std::ferror(stdout) &&
          (!p_writer || p_writer->isGood()) && step != options.steps) {
-    adjust_time = game.runStep(options.window ? adjust_time : NEVER_SLEEP);
+    adjust_time = game.runStep(options.window ? adjust_time : gw::NEVER_SLEEP);
     step++;
     if (options.digest && step % DIGEST_STEPS == 0)
       printDigest(step);
@@ -244,7 +221,7 @@ int run(int argc, char **argv) {
     writer.emplace(options.record_file, options.seed);
   if (!writer || writer->isGood())
     play(options, recording, writer ? &*writer : nullptr);
-  stopEngine(options.window);
+  gw::GameManager::getInstance().shutDown();
   return !writer || writer->isGood() ? 0
                                      : fail(options.record_file + ": cannot be written");
 }
@@ -252,7 +229,6 @@ int run(int argc, char **argv) {
 } // namespace
 
 int main(int argc, char **argv) {
-  gw::keepStandardStreams();
   const int status = run(argc, argv);
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
     return fail("standard output cannot be written");

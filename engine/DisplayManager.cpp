@@ -1,8 +1,15 @@
 #include "DisplayManager.h"
 
-#include "DisplayConnection.h"
 #include "LogManager.h"
+#include "internal/CharacterBatch.h"
+#include "internal/DisplayConnection.h"
+#include "internal/platform.h"
 #include "utility.h"
+
+#include <SFML/Graphics/RenderWindow.hpp>
+#include <SFML/Graphics/View.hpp>
+#include <SFML/Window/Event.hpp>
+#include <SFML/Window/VideoMode.hpp>
 
 #include <cmath>
 #include <cstdio>
@@ -22,11 +29,22 @@ bool hasDefaultView(const sf::RenderTarget &target) {
          view.getScissor() == whole.getScissor();
 }
 
+/// The pixel of the picture that is seen at a pixel of the window.
+sf::Vector2i toPicture(const sf::RenderWindow &window, sf::Vector2i window_position) {
+  constexpr float ROUNDING = 1.f / 64; // more than the library's arithmetic is off by
+  const sf::Vector2f exact =
+      window.mapPixelToCoords(window_position, window.getDefaultView());
+  return {static_cast<int>(std::floor(exact.x + ROUNDING)),
+          static_cast<int>(std::floor(exact.y + ROUNDING))};
+}
+
 } // namespace
 
 DisplayManager::DisplayManager() {
   setType("DisplayManager");
 }
+
+DisplayManager::~DisplayManager() = default;
 
 DisplayManager &DisplayManager::getInstance() {
   static DisplayManager instance;
@@ -52,9 +70,7 @@ int DisplayManager::startUp() {
   p_window->setMouseCursorVisible(false);
   p_window->setVerticalSyncEnabled(true);
   clear();
-  // The library throws at a missing file in a working directory that is gone.
-  has_font = isRegularFile(FONT_FILE_DEFAULT) && font.openFromFile(FONT_FILE_DEFAULT);
-  if (!has_font) {
+  if (!loadFont()) {
     log.writeLog(ERROR, "Unable to load font file '%s'.", FONT_FILE_DEFAULT.c_str());
     return -1;
   }
@@ -70,21 +86,17 @@ void DisplayManager::shutDown() {
     return;
   }
   log.writeLog(INFO, "DisplayManager is shutting down.");
-  batch.release();
-  font = sf::Font();
-  has_font = false;
-  if (p_window) {
-    p_window->close();
-    delete p_window;
-    p_window = nullptr;
-  }
+  p_batch.reset();
+  p_font.reset();
+  delete p_window;
+  p_window = nullptr;
   Manager::shutDown();
 }
 
 sf::RenderWindow *DisplayManager::getWindow() const {
   if (p_window) {
-    batch.draw(*p_window);
-    batch.shareTarget();
+    p_batch->draw(*p_window);
+    p_batch->shareTarget();
   }
   return p_window;
 }
@@ -100,7 +112,7 @@ std::optional<sf::Event> DisplayManager::pollEvent() {
     if constexpr (std::is_same_v<Kind, sf::Event::MouseMoved> ||
                   std::is_same_v<Kind, sf::Event::MouseButtonPressed> ||
                   std::is_same_v<Kind, sf::Event::MouseButtonReleased>)
-      pending.position = toPicture(pending.position);
+      pending.position = toPicture(*p_window, pending.position);
     return pending;
   });
 }
@@ -111,34 +123,13 @@ void DisplayManager::setKeyRepeatEnabled(bool is_enabled) {
 }
 
 sf::Color DisplayManager::mapGlidewingColorToSFMLColor(Color color) const {
-  switch (color) {
-  case BLACK:
-    return sf::Color(0, 0, 0);
-  case RED:
-    return sf::Color(255, 0, 0);
-  case GREEN:
-    return sf::Color(0, 255, 0);
-  case YELLOW:
-    return sf::Color(255, 255, 0);
-  case BLUE:
-    return sf::Color(0, 0, 255);
-  case MAGENTA:
-    return sf::Color(255, 0, 255);
-  case CYAN:
-    return sf::Color(0, 255, 255);
-  case WHITE:
-    break;
-  }
-  return sf::Color(255, 255, 255);
-}
-
-bool DisplayManager::isGlidewingColorValid(Color color) const {
-  return color >= BLACK && color <= WHITE;
+  const ColorDefinition &definition = definitionOf(color);
+  return sf::Color(definition.red, definition.green, definition.blue);
 }
 
 int DisplayManager::setBackgroundColor(Color new_color) {
-  window_background_color = mapGlidewingColorToSFMLColor(new_color);
-  if (isGlidewingColorValid(new_color))
+  window_background_color = isColorValid(new_color) ? new_color : COLOR_DEFAULT;
+  if (isColorValid(new_color))
     return 0;
   LogManager::getInstance().writeLog(
       WARNING, "Invalid color provided. Using default glidewing color for window "
@@ -165,22 +156,22 @@ int DisplayManager::drawRow(Vector world_pos, int first, std::string_view row,
                             Color color) const {
   if (!p_window)
     return -1;
-  if (!isGlidewingColorValid(color))
+  if (!isColorValid(color))
     for (std::size_t i = 0; i < row.size(); i++)
       LogManager::getInstance().writeLog(
           WARNING,
           "Invalid color provided. Using default glidewing color for character.");
-  const sf::Vector2f cell(charWidth(), charHeight());
-  batch.addRow({world_pos.getX() * cell.x, world_pos.getY() * cell.y}, first, row, cell,
-               mapGlidewingColorToSFMLColor(color), window_background_color,
-               has_font ? &font : nullptr);
+  const Vector pixels = spacesToPixels(world_pos);
+  p_batch->addRow({pixels.getX(), pixels.getY()}, first, row,
+                  mapGlidewingColorToSFMLColor(color),
+                  mapGlidewingColorToSFMLColor(window_background_color));
   return 0;
 }
 
 int DisplayManager::swapBuffers() {
   if (!p_window)
     return -1;
-  batch.draw(*p_window);
+  p_batch->draw(*p_window);
   p_window->display();
   clear();
   return 0;
@@ -201,30 +192,36 @@ bool DisplayManager::openWindow() {
     p_window = nullptr;
     return false;
   }
-#if SFML_VERSION_MAJOR == 3 && SFML_VERSION_MINOR == 0
+#if GW_IS_SFML_3_0
   // This one opens windows half outside of the screen, and not every window manager
   // brings them back.
   const sf::Vector2i screen(sf::VideoMode::getDesktopMode().size);
   p_window->setPosition((screen - sf::Vector2i(mode.size)) / 2);
 #endif
+  p_batch = std::make_unique<CharacterBatch>(sf::Vector2i(mode.size),
+                                             sf::Vector2f(charWidth(), charHeight()));
+  return true;
+}
+
+bool DisplayManager::loadFont() {
+  // The library throws at a missing file in a working directory that is gone.
+  if (!isRegularFile(FONT_FILE_DEFAULT))
+    return false;
+  p_font = std::make_unique<sf::Font>();
+  if (!p_font->openFromFile(FONT_FILE_DEFAULT)) {
+    p_font.reset();
+    return false;
+  }
+  p_batch->setFont(*p_font);
   return true;
 }
 
 void DisplayManager::clear() {
-  p_window->clear(window_background_color);
-  batch.clear({window_horizontal_pixels, window_vertical_pixels},
-              window_background_color);
+  const sf::Color color = mapGlidewingColorToSFMLColor(window_background_color);
+  p_window->clear(color);
+  p_batch->clear(color);
   if (!hasDefaultView(*p_window))
-    batch.shareTarget();
-}
-
-/// The pixel of the picture that is seen at a pixel of the window.
-sf::Vector2i DisplayManager::toPicture(sf::Vector2i window_position) const {
-  constexpr float ROUNDING = 1.f / 64; // more than the library's arithmetic is off by
-  const sf::Vector2f exact =
-      p_window->mapPixelToCoords(window_position, p_window->getDefaultView());
-  return {static_cast<int>(std::floor(exact.x + ROUNDING)),
-          static_cast<int>(std::floor(exact.y + ROUNDING))};
+    p_batch->shareTarget();
 }
 
 float charWidth() {

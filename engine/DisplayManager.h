@@ -1,16 +1,24 @@
 #pragma once
 
-#include "CharacterBatch.h"
+#include "Color.h"
 #include "Manager.h"
 #include "Vector.h"
 
-#include <SFML/Graphics.hpp>
-
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
+namespace sf {
+class Color;
+class Event;
+class Font;
+class RenderWindow;
+} // namespace sf
+
 namespace gw {
+
+class CharacterBatch;
 
 /// What the window's frame says.
 inline const std::string WINDOW_TITLE_DEFAULT = "Glidewing";
@@ -25,21 +33,6 @@ constexpr int WINDOW_VERTICAL_CHARS_DEFAULT = 48;
 constexpr int WINDOW_HORIZONTAL_PIXELS_DEFAULT = 1024;
 constexpr int WINDOW_VERTICAL_PIXELS_DEFAULT = 768;
 ///@}
-
-/// The colours, as red, green and blue; sprite files name them in lower case.
-enum Color : int {
-  BLACK = 0,   ///< 0, 0, 0
-  RED = 1,     ///< 255, 0, 0
-  GREEN = 2,   ///< 0, 255, 0
-  YELLOW = 3,  ///< 255, 255, 0
-  BLUE = 4,    ///< 0, 0, 255
-  MAGENTA = 5, ///< 255, 0, 255
-  CYAN = 6,    ///< 0, 255, 255
-  WHITE = 7,   ///< 255, 255, 255
-};
-
-/// Stands in for an invalid colour, and is what a new sprite has.
-constexpr Color COLOR_DEFAULT = WHITE;
 
 /// Where a string lies in respect of the position that it is drawn at.
 enum Justification : int {
@@ -104,7 +97,7 @@ public:
   sf::Color mapGlidewingColorToSFMLColor(Color color) const;
 
   /// Whether it is one of the eight, and not some other number.
-  bool isGlidewingColorValid(Color color) const;
+  bool isGlidewingColorValid(Color color) const { return isColorValid(color); }
 
   /// The colour that the next `swapBuffers` clears to and that characters have
   /// behind them from now on.
@@ -128,22 +121,23 @@ public:
 
 private:
   DisplayManager();
+  ~DisplayManager() override;
 
   bool openWindow();
+  bool loadFont();
   void clear();
-  sf::Vector2i toPicture(sf::Vector2i window_position) const;
 
-  sf::RenderWindow *p_window = nullptr; ///< owned
-  sf::Font font;
+  /// Owned. Not closed where nobody shuts the manager down: at the end of the process,
+  /// what the window library needs for that may be gone already.
+  sf::RenderWindow *p_window = nullptr;
+  std::unique_ptr<sf::Font> p_font;        ///< null without one
+  std::unique_ptr<CharacterBatch> p_batch; ///< drawn, not in the window yet; null without
   std::string window_title = WINDOW_TITLE_DEFAULT;
   int window_horizontal_chars = WINDOW_HORIZONTAL_CHARS_DEFAULT;
   int window_vertical_chars = WINDOW_VERTICAL_CHARS_DEFAULT;
   int window_horizontal_pixels = WINDOW_HORIZONTAL_PIXELS_DEFAULT;
   int window_vertical_pixels = WINDOW_VERTICAL_PIXELS_DEFAULT;
-  sf::Color window_background_color = sf::Color(0, 0, 0, 255);
-
-  bool has_font = false;
-  mutable CharacterBatch batch; ///< drawn, but not yet in the window
+  Color window_background_color = BLACK;
 };
 
 /// Width and height of a cell in pixels. @{

@@ -1,5 +1,6 @@
 #include "Frame.h"
 
+#include "DisplayManager.h"
 #include "LogManager.h"
 
 #include <algorithm>

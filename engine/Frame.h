@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DisplayManager.h"
+#include "Color.h"
 #include "Vector.h"
 
 #include <string>

@@ -7,7 +7,8 @@
 #include "LogManager.h"
 #include "ResourceManager.h"
 #include "WorldManager.h"
-#include "platform.h"
+#include "internal/PlaybackDevice.h"
+#include "internal/platform.h"
 
 namespace gw {
 
@@ -33,10 +34,28 @@ int GameManager::startUp() {
   InputManager::getInstance().startUp();
   ResourceManager::getInstance().startUp();
   WorldManager::getInstance().startUp();
+  becomeStarted();
+  return 0;
+}
+
+int GameManager::startUpHeadless() {
+  LogManager &log = LogManager::getInstance();
+  if (isStarted()) {
+    log.writeLog(INFO, "GameManager is already started.");
+    return 0;
+  }
+  log.startUp();
+  ResourceManager::getInstance().startUp();
+  WorldManager::getInstance().startUp();
+  silencePlayback();
+  becomeStarted();
+  return 0;
+}
+
+void GameManager::becomeStarted() {
   game_over = false;
   Manager::startUp();
-  log.writeLog(INFO, "GameManager is started up.");
-  return 0;
+  LogManager::getInstance().writeLog(INFO, "GameManager is started up.");
 }
 
 void GameManager::shutDown() {

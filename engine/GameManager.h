@@ -10,6 +10,9 @@ namespace gw {
 /// steps: changing this changes the game's pace as a whole.
 constexpr int FRAME_TIME_DEFAULT = 33;
 
+/// As `runStep`'s lateness: more than a step can make up for, so that it never sleeps.
+constexpr long long NEVER_SLEEP = 1LL << 40; // microseconds
+
 /// The top of the engine: starts and stops the other managers, and runs the game
 /// loop on the calling thread until something sets the game-over flag.
 class GameManager : public Manager {
@@ -23,6 +26,11 @@ public:
   /// @return 0, also when already started; -1 without a window. The log then
   /// stays open for what the caller has to say, until the process ends.
   int startUp() override;
+
+  /// Starts log, resources and world only: no window is opened, nothing is heard, and
+  /// steps are as fast as the machine. For tests, measurements, replays.
+  /// @return 0, also when already started
+  int startUpHeadless();
 
   /// Stops the managers in the reverse order.
   void shutDown() override;
@@ -51,6 +59,8 @@ public:
 
 private:
   GameManager();
+
+  void becomeStarted();
 
   bool game_over = false;
   int step_count = 0;

@@ -5,6 +5,8 @@
 #include "LogManager.h"
 #include "WorldManager.h"
 
+#include <SFML/Window/Event.hpp>
+
 #include <array>
 #include <optional>
 #include <utility>
@@ -14,25 +16,104 @@ namespace gw {
 
 namespace {
 
-/// The engine's key for each of the library's key codes.
-constexpr std::array<signed char, sf::Keyboard::KeyCount> KEYS = {
-    27, 28, 29, 30, 31, 32, 33, 34, 35, 36, 37, 38, 39, // A to M
-    40, 41, 42, 43, 44, 45, 46, 47, 48, 49, 50, 51, 52, // N to Z
-    23, 14, 15, 16, 17, 18, 19, 20, 21, 22,             // 0 to 9
-    0,                                                  // Escape
-    59, 57, -1, -1,                         // left Control, Shift, Alt, System
-    60, 58, -1, -1,                         // right Control, Shift, Alt, System
-    -1, -1, -1, -1,                         // Menu, brackets, Semicolon
-    55, 54, -1, 56, -1, 13,                 // , . ' / \ `
-    -1, -1,                                 // Equal, Hyphen
-    61, 53, -1, 26,                         // Space, Enter, Backspace, Tab
-    -1, -1, -1, -1, -1, -1,                 // Page Up to Delete
-    25, 24, -1, -1,                         // + - * / on the number pad
-    62, 63, 64, 65,                         // arrows: left, right, up, down
-    -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, // digits on the number pad
-    1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, -1, -1, -1, // F1 to F15
-    66,                                                         // Pause
+struct KeyPair {
+  sf::Keyboard::Key library;
+  Keyboard::Key engine;
 };
+
+/// Every key that the engine knows, in its order. All others are undefined.
+constexpr KeyPair KEY_PAIRS[] = {
+    {sf::Keyboard::Key::Escape, Keyboard::ESCAPE},
+    {sf::Keyboard::Key::F1, Keyboard::F1},
+    {sf::Keyboard::Key::F2, Keyboard::F2},
+    {sf::Keyboard::Key::F3, Keyboard::F3},
+    {sf::Keyboard::Key::F4, Keyboard::F4},
+    {sf::Keyboard::Key::F5, Keyboard::F5},
+    {sf::Keyboard::Key::F6, Keyboard::F6},
+    {sf::Keyboard::Key::F7, Keyboard::F7},
+    {sf::Keyboard::Key::F8, Keyboard::F8},
+    {sf::Keyboard::Key::F9, Keyboard::F9},
+    {sf::Keyboard::Key::F10, Keyboard::F10},
+    {sf::Keyboard::Key::F11, Keyboard::F11},
+    {sf::Keyboard::Key::F12, Keyboard::F12},
+    {sf::Keyboard::Key::Grave, Keyboard::GRAVE},
+    {sf::Keyboard::Key::Num1, Keyboard::NUM1},
+    {sf::Keyboard::Key::Num2, Keyboard::NUM2},
+    {sf::Keyboard::Key::Num3, Keyboard::NUM3},
+    {sf::Keyboard::Key::Num4, Keyboard::NUM4},
+    {sf::Keyboard::Key::Num5, Keyboard::NUM5},
+    {sf::Keyboard::Key::Num6, Keyboard::NUM6},
+    {sf::Keyboard::Key::Num7, Keyboard::NUM7},
+    {sf::Keyboard::Key::Num8, Keyboard::NUM8},
+    {sf::Keyboard::Key::Num9, Keyboard::NUM9},
+    {sf::Keyboard::Key::Num0, Keyboard::NUM0},
+    {sf::Keyboard::Key::Subtract, Keyboard::MINUS},
+    {sf::Keyboard::Key::Add, Keyboard::PLUS},
+    {sf::Keyboard::Key::Tab, Keyboard::TAB},
+    {sf::Keyboard::Key::A, Keyboard::A},
+    {sf::Keyboard::Key::B, Keyboard::B},
+    {sf::Keyboard::Key::C, Keyboard::C},
+    {sf::Keyboard::Key::D, Keyboard::D},
+    {sf::Keyboard::Key::E, Keyboard::E},
+    {sf::Keyboard::Key::F, Keyboard::F},
+    {sf::Keyboard::Key::G, Keyboard::G},
+    {sf::Keyboard::Key::H, Keyboard::H},
+    {sf::Keyboard::Key::I, Keyboard::I},
+    {sf::Keyboard::Key::J, Keyboard::J},
+    {sf::Keyboard::Key::K, Keyboard::K},
+    {sf::Keyboard::Key::L, Keyboard::L},
+    {sf::Keyboard::Key::M, Keyboard::M},
+    {sf::Keyboard::Key::N, Keyboard::N},
+    {sf::Keyboard::Key::O, Keyboard::O},
+    {sf::Keyboard::Key::P, Keyboard::P},
+    {sf::Keyboard::Key::Q, Keyboard::Q},
+    {sf::Keyboard::Key::R, Keyboard::R},
+    {sf::Keyboard::Key::S, Keyboard::S},
+    {sf::Keyboard::Key::T, Keyboard::T},
+    {sf::Keyboard::Key::U, Keyboard::U},
+    {sf::Keyboard::Key::V, Keyboard::V},
+    {sf::Keyboard::Key::W, Keyboard::W},
+    {sf::Keyboard::Key::X, Keyboard::X},
+    {sf::Keyboard::Key::Y, Keyboard::Y},
+    {sf::Keyboard::Key::Z, Keyboard::Z},
+    {sf::Keyboard::Key::Enter, Keyboard::ENTER},
+    {sf::Keyboard::Key::Period, Keyboard::PERIOD},
+    {sf::Keyboard::Key::Comma, Keyboard::COMMA},
+    {sf::Keyboard::Key::Slash, Keyboard::SLASH},
+    {sf::Keyboard::Key::LShift, Keyboard::LEFT_SHIFT},
+    {sf::Keyboard::Key::RShift, Keyboard::RIGHT_SHIFT},
+    {sf::Keyboard::Key::LControl, Keyboard::LEFT_CONTROL},
+    {sf::Keyboard::Key::RControl, Keyboard::RIGHT_CONTROL},
+    {sf::Keyboard::Key::Space, Keyboard::SPACE},
+    {sf::Keyboard::Key::Left, Keyboard::LEFT_ARROW},
+    {sf::Keyboard::Key::Right, Keyboard::RIGHT_ARROW},
+    {sf::Keyboard::Key::Up, Keyboard::UP_ARROW},
+    {sf::Keyboard::Key::Down, Keyboard::DOWN_ARROW},
+    {sf::Keyboard::Key::Pause, Keyboard::PAUSE},
+};
+
+constexpr bool hasEveryKeyInOrder() {
+  int next = Keyboard::ESCAPE;
+  for (const KeyPair &pair : KEY_PAIRS)
+    if (pair.engine != next++)
+      return false;
+  return next == Keyboard::PAUSE + 1;
+}
+static_assert(hasEveryKeyInOrder(), "a key of the engine is missing or out of its place");
+
+/// The same by the library's key code.
+using KeyTable = std::array<Keyboard::Key, sf::Keyboard::KeyCount>;
+
+constexpr KeyTable makeKeyTable() {
+  KeyTable table{};
+  for (Keyboard::Key &key : table)
+    key = Keyboard::UNDEFINED_KEY;
+  for (const KeyPair &pair : KEY_PAIRS)
+    table[static_cast<std::size_t>(pair.library)] = pair.engine;
+  return table;
+}
+
+constexpr KeyTable KEYS = makeKeyTable();
 
 /// The key at that place of a US keyboard, for those that type a character.
 sf::Keyboard::Key keyAt(sf::Keyboard::Scancode place) {
@@ -59,6 +140,10 @@ sf::Keyboard::Key keyAt(sf::Keyboard::Scancode place) {
 /// A key without a code is one of a layout without Latin letters.
 template <class KeyEvent> sf::Keyboard::Key keyOf(const KeyEvent &event) {
   return event.code == sf::Keyboard::Key::Unknown ? keyAt(event.scancode) : event.code;
+}
+
+Vector toVector(sf::Vector2i pixels) {
+  return Vector(static_cast<float>(pixels.x), static_cast<float>(pixels.y));
 }
 
 /// Events that wait for the next `getInput`.
@@ -126,18 +211,18 @@ void InputManager::handle(const sf::Event &event) const {
   else if (const auto *released = event.getIf<sf::Event::KeyReleased>())
     sendKey(keyOf(*released), KEY_RELEASED);
   else if (const auto *move = event.getIf<sf::Event::MouseMoved>())
-    sendMouse(Mouse::UNDEFINED_MOUSE_BUTTON, MOVED, move->position);
+    sendMouse(Mouse::UNDEFINED_MOUSE_BUTTON, MOVED, toVector(move->position));
   else if (const auto *press = event.getIf<sf::Event::MouseButtonPressed>())
-    sendMouse(mapSFMLButtonToGlidewingButton(press->button), PRESSED, press->position);
+    sendMouse(mapSFMLButtonToGlidewingButton(press->button), PRESSED,
+              toVector(press->position));
   else if (const auto *release = event.getIf<sf::Event::MouseButtonReleased>())
     sendMouse(mapSFMLButtonToGlidewingButton(release->button), RELEASED,
-              release->position);
+              toVector(release->position));
 }
 
 Keyboard::Key InputManager::mapSFMLKeyToGlidewingKey(sf::Keyboard::Key key) const {
   const auto code = static_cast<unsigned>(key);
-  return code < KEYS.size() ? static_cast<Keyboard::Key>(KEYS[code])
-                            : Keyboard::UNDEFINED_KEY;
+  return code < KEYS.size() ? KEYS[code] : Keyboard::UNDEFINED_KEY;
 }
 
 bool InputManager::isSFMLKeyValid(sf::Keyboard::Key key) const {
@@ -162,12 +247,11 @@ void InputManager::sendKey(sf::Keyboard::Key key, EventKeyboardAction action) co
 }
 
 void InputManager::sendMouse(Mouse::Button button, EventMouseAction action,
-                             sf::Vector2i position) const {
+                             Vector pixels) const {
   EventMouse event;
   event.setMouseButton(button);
   event.setMouseAction(action);
-  event.setMousePosition(pixelsToSpaces(
-      Vector(static_cast<float>(position.x), static_cast<float>(position.y))));
+  event.setMousePosition(pixelsToSpaces(pixels));
   WorldManager::getInstance().onEvent(&event);
 }
 

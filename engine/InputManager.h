@@ -4,7 +4,12 @@
 #include "EventMouse.h"
 #include "Manager.h"
 
-#include <SFML/Window.hpp>
+#include <SFML/Window/Keyboard.hpp>
+#include <SFML/Window/Mouse.hpp>
+
+namespace sf {
+class Event;
+}
 
 namespace gw {
 
@@ -50,8 +55,7 @@ private:
 
   void handle(const sf::Event &event) const;
   void sendKey(sf::Keyboard::Key key, EventKeyboardAction action) const;
-  void sendMouse(Mouse::Button button, EventMouseAction action,
-                 sf::Vector2i position) const;
+  void sendMouse(Mouse::Button button, EventMouseAction action, Vector pixels) const;
 };
 
 } // namespace gw

@@ -1,6 +1,7 @@
 #include "LogManager.h"
 
-#include "platform.h"
+#include "Assertion.h"
+#include "internal/platform.h"
 #include "utility.h"
 
 #include <algorithm>
@@ -39,15 +40,10 @@ int writeFallback(const char *fmt) {
 }
 
 /// For a line that the file did not take, as on a full disk. Call it at once: `errno`
-/// has the reason.
-void writeUnwritten(const char *fmt, va_list args) {
+/// has the reason. @param length of the message, in characters
+void writeUnwritten(int length, const char *fmt, va_list args) {
   std::fprintf(stderr, "The log cannot be written: %s.\n", std::strerror(errno));
-  va_list args_again;
-  va_copy(args_again, args);
-  std::string message(
-      static_cast<std::size_t>(std::max(std::vsnprintf(nullptr, 0, fmt, args_again), 0)),
-      ' ');
-  va_end(args_again);
+  std::string message(static_cast<std::size_t>(std::max(length, 0)), ' ');
   std::vsnprintf(message.data(), message.size() + 1, fmt, args);
   std::fprintf(stderr, "The message was \"%s\".\n", printable(message).c_str());
 }
@@ -73,6 +69,7 @@ int LogManager::startUp() {
     writeLog(INFO, "LogManager is already started.");
     return 0;
   }
+  keepStandardStreams(); // the log would take the place of one that is closed
   log_file = openLog();
   if (!log_file)
     return -1;
@@ -133,6 +130,8 @@ int LogManager::writeLog(const char *fmt, ...) {
 int LogManager::vwriteLog(LogLevel level, const char *fmt, va_list args) {
   if (level > log_level)
     return 0;
+  GW_ASSERT(!is_writing, "a line is written from inside the log");
+  is_writing = true;
   va_list args_again;
   va_copy(args_again, args);
   std::fprintf(log_file, "[%s] %8s: ", getTimeString(), getLogLevelString(level).c_str());
@@ -142,9 +141,10 @@ int LogManager::vwriteLog(LogLevel level, const char *fmt, va_list args) {
     std::fflush(log_file);
   if (std::ferror(log_file)) {
     std::clearerr(log_file); // there may be room again for the next line
-    writeUnwritten(fmt, args_again);
+    writeUnwritten(written, fmt, args_again);
   }
   va_end(args_again);
+  is_writing = false;
   return written;
 }
 

@@ -31,7 +31,7 @@ enum LogLevel : int {
   WARNING = 2,  ///< something was refused, or done without
   INFO = 3,     ///< what happens
   DEBUG = 4,    ///< for whoever looks for a fault
-  ALL = 5,      ///< what names no level; left out unless asked for
+  ALL = 5,      ///< messages written without a level; left out unless asked for
 };
 
 /// Writes the diagnostic lines of engine and game, each with the time of day
@@ -80,6 +80,7 @@ private:
 
   std::FILE *log_file = nullptr; ///< owned; null while not started
   bool do_flush = false;
+  bool is_writing = false; ///< a line at this moment
   LogLevel log_level = DEBUG;
 };
 

@@ -1,13 +1,20 @@
 #include "Music.h"
 
-#include "AudioFile.h"
 #include "LogManager.h"
-#include "PlaybackDevice.h"
+#include "internal/AudioFile.h"
+#include "internal/PlaybackDevice.h"
+
+#include <SFML/Audio/Music.hpp>
 
 namespace gw {
 
+Music::Music() : p_music(std::make_unique<sf::Music>()) {
+}
+
+Music::~Music() = default;
+
 int Music::loadMusic(std::string filename) {
-  if (!openAudioFile(filename, [&] { return music.openFromFile(filename); })) {
+  if (!openAudioFile(filename, [&] { return p_music->openFromFile(filename); })) {
     LogManager::getInstance().writeLog(
         WARNING,
         "gw::Music::loadMusic() - Could not associate music buffer with file "
@@ -20,16 +27,16 @@ int Music::loadMusic(std::string filename) {
 }
 
 void Music::play(bool loop) {
-  music.setLooping(loop);
-  music.play();
+  p_music->setLooping(loop);
+  p_music->play();
 }
 
 void Music::stop() {
-  music.stop();
+  p_music->stop();
 }
 
 void Music::pause() {
-  music.pause();
+  p_music->pause();
 }
 
 } // namespace gw

@@ -1,8 +1,11 @@
 #pragma once
 
-#include <SFML/Audio.hpp>
-
+#include <memory>
 #include <string>
+
+namespace sf {
+class Music;
+}
 
 namespace gw {
 
@@ -10,7 +13,9 @@ namespace gw {
 /// readable. The resource manager opens, labels and owns it.
 class Music {
 public:
-  Music() = default;
+  /// Nothing is loaded.
+  Music();
+  ~Music();
   Music(const Music &) = delete;
   Music &operator=(const Music &) = delete;
 
@@ -21,8 +26,8 @@ public:
   void setLabel(std::string new_label) { label = new_label; }
   std::string getLabel() const { return label; } ///@}
 
-  /// The stream itself; stays this object's.
-  sf::Music *getMusic() { return &music; }
+  /// The stream itself (`<SFML/Audio/Music.hpp>`); stays this object's. Never null.
+  sf::Music *getMusic() { return p_music.get(); }
 
   /// Goes on after a pause, else starts from the beginning, even when it is still
   /// playing. Like `stop` and `pause` it does nothing before a file was loaded.
@@ -35,7 +40,7 @@ public:
   void pause();
 
 private:
-  sf::Music music;
+  std::unique_ptr<sf::Music> p_music; ///< never null
   std::string label;
 };
 

@@ -1,7 +1,10 @@
 #include "ResourceManager.h"
 
 #include "LogManager.h"
-#include "SpriteReader.h"
+#include "Music.h"
+#include "Sound.h"
+#include "Sprite.h"
+#include "internal/SpriteReader.h"
 #include "utility.h"
 
 #include <algorithm>

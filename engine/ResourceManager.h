@@ -1,15 +1,16 @@
 #pragma once
 
 #include "Manager.h"
-#include "Music.h"
-#include "Sound.h"
-#include "Sprite.h"
 
 #include <array>
 #include <set>
 #include <string>
 
 namespace gw {
+
+class Music;
+class Sound;
+class Sprite;
 
 /// How many of each can be loaded at a time. @{
 constexpr int MAX_SPRITES = 500;

@@ -1,27 +1,32 @@
 #include "Sound.h"
 
-#include "AudioFile.h"
 #include "LogManager.h"
-#include "PlaybackDevice.h"
+#include "internal/AudioFile.h"
+#include "internal/PlaybackDevice.h"
+
+#include <SFML/Audio/Sound.hpp>
+#include <SFML/Audio/SoundBuffer.hpp>
+
+#include <utility>
 
 namespace gw {
 
-/// The player goes first: it reads the buffer.
-Sound::~Sound() {
-  p_sound.reset();
+Sound::Sound() : p_samples(std::make_unique<sf::SoundBuffer>()) {
 }
 
+Sound::~Sound() = default;
+
 int Sound::loadSound(std::string filename) {
-  sf::SoundBuffer loaded;
-  if (!openAudioFile(filename, [&] { return loaded.loadFromFile(filename); })) {
+  auto p_loaded = std::make_unique<sf::SoundBuffer>();
+  if (!openAudioFile(filename, [&] { return p_loaded->loadFromFile(filename); })) {
     LogManager::getInstance().writeLog(
         WARNING, "gw::Sound::loadSound() - Could not load sound file '%s'.",
         filename.c_str());
     return -1;
   }
   p_sound.reset();
-  sound_buffer = loaded;
-  p_sound = std::make_unique<sf::Sound>(sound_buffer);
+  p_samples = std::move(p_loaded);
+  p_sound = std::make_unique<sf::Sound>(*p_samples);
   requirePlaybackDevice();
   return 0;
 }
@@ -44,7 +49,7 @@ void Sound::pause() {
 }
 
 sf::Sound Sound::getSound() const {
-  return p_sound ? *p_sound : sf::Sound(sound_buffer);
+  return p_sound ? *p_sound : sf::Sound(*p_samples);
 }
 
 } // namespace gw

@@ -1,9 +1,12 @@
 #pragma once
 
-#include <SFML/Audio.hpp>
-
 #include <memory>
 #include <string>
+
+namespace sf {
+class Sound;
+class SoundBuffer;
+} // namespace sf
 
 namespace gw {
 
@@ -12,7 +15,8 @@ namespace gw {
 /// player refers to the object's own samples.
 class Sound {
 public:
-  Sound() = default;
+  /// Nothing is loaded.
+  Sound();
   ~Sound();
   Sound(const Sound &) = delete;
   Sound &operator=(const Sound &) = delete;
@@ -35,13 +39,14 @@ public:
   /// Halts it.
   void pause();
 
-  /// A copy of the player, silent when nothing is loaded. It borrows this
-  /// object's samples.
+  /// A copy of the player (`<SFML/Audio/Sound.hpp>`), silent when nothing is loaded. It
+  /// borrows this object's samples.
   sf::Sound getSound() const;
 
 private:
-  std::unique_ptr<sf::Sound> p_sound; ///< null before a file was loaded
-  sf::SoundBuffer sound_buffer;
+  // The player reads the samples: it stands behind them, and so goes before them.
+  std::unique_ptr<sf::SoundBuffer> p_samples; ///< never null
+  std::unique_ptr<sf::Sound> p_sound;         ///< null before a file was loaded
   std::string label;
 };
 

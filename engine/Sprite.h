@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DisplayManager.h"
+#include "Color.h"
 #include "Frame.h"
 
 #include <memory>

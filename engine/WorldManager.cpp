@@ -1,10 +1,12 @@
 #include "WorldManager.h"
 
+#include "Assertion.h"
 #include "DisplayManager.h"
 #include "EventCollision.h"
 #include "EventOut.h"
 #include "LogManager.h"
 #include "Object.h"
+#include "internal/CollisionGrid.h"
 #include "utility.h"
 
 namespace gw {
@@ -38,9 +40,11 @@ bool reportCollisions(Object *p_o, Vector where) {
 
 } // namespace
 
-WorldManager::WorldManager() {
+WorldManager::WorldManager() : p_grid(std::make_unique<CollisionGrid>()) {
   setType("WorldManager");
 }
+
+WorldManager::~WorldManager() = default;
 
 WorldManager &WorldManager::getInstance() {
   static WorldManager instance;
@@ -90,8 +94,9 @@ ObjectList WorldManager::getAllObjectsOfType(std::string wanted_type) {
 }
 
 ObjectList WorldManager::getCollisions(const Object *p_o, Vector where) {
+  GW_ASSERT(p_o, "a null object collides with nothing");
   ObjectList collisions;
-  for (int i : grid.find(getWorldBox(p_o, where)))
+  for (int i : p_grid->find(getWorldBox(p_o, where)))
     if (updates[i] != p_o)
       collisions.insert(updates[i]);
   return collisions;
@@ -102,20 +107,24 @@ bool WorldManager::isMarkedForDelete(const Object *p_o) const {
 }
 
 int WorldManager::insertObject(Object *p_o) {
+  GW_ASSERT(p_o, "a null object is put into the world");
   if (p_o->world_index >= 0)
     return 0;
   p_o->world_index = updates.getCount();
   updates.insert(p_o);
-  grid.insert(getWorldBox(p_o), p_o->registersCollisions());
+  p_grid->insert(getWorldBox(p_o), p_o->registersCollisions());
   return 0;
 }
 
 int WorldManager::removeObject(Object *p_o) {
+  GW_ASSERT(p_o, "a null object is taken out of the world");
   const int index = p_o->world_index;
   if (index < 0)
     return -1;
+  GW_ASSERT(index < updates.getCount() && updates[index] == p_o,
+            "an object is taken out of the world that is not where it should be");
   updates.remove(p_o);
-  grid.remove(index);
+  p_grid->remove(index);
   if (index < updates.getCount()) // the last one is there now
     updates[index]->world_index = index;
   p_o->world_index = -1;
@@ -124,16 +133,18 @@ int WorldManager::removeObject(Object *p_o) {
 
 void WorldManager::updateCollisions(const Object *p_o) {
   if (p_o->world_index >= 0)
-    grid.update(p_o->world_index, getWorldBox(p_o), p_o->registersCollisions());
+    p_grid->update(p_o->world_index, getWorldBox(p_o), p_o->registersCollisions());
 }
 
 int WorldManager::markForDelete(Object *p_o) {
+  GW_ASSERT(p_o, "a null object is marked for deletion");
   if (!deletions.contains(p_o))
     deletions.insert(p_o);
   return 0;
 }
 
 int WorldManager::moveObject(Object *p_o, Vector where) {
+  GW_ASSERT(p_o, "a null object is moved");
   if (p_o->registersCollisions() && !reportCollisions(p_o, where))
     return -1;
   if (!isInsideWorld(where) && isInsideWorld(p_o->getPosition())) {

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "CollisionGrid.h"
 #include "Manager.h"
 #include "ObjectList.h"
 #include "Vector.h"
 
+#include <memory>
 #include <string>
 
 namespace gw {
 
+class CollisionGrid;
 class Object;
 
 /// Owns every object. Once per step it deletes what was marked, moves what has
@@ -43,17 +44,6 @@ public:
   /// Whether the object will be deleted in the next update.
   bool isMarkedForDelete(const Object *p_o) const;
 
-  /// Called by an object's constructor and destructor only: puts it at the end
-  /// of the list (unless it is there already), and takes it out (the last object
-  /// moves into its place). Removing does not delete.
-  /// @return 0; `removeObject` -1 when it is not in the world @{
-  int insertObject(Object *p_o);
-  int removeObject(Object *p_o); ///@}
-
-  /// Called by an object's setters only, when its box, its position or its collision
-  /// response has changed: keeps what `getCollisions` knows of it current.
-  void updateCollisions(const Object *p_o);
-
   /// Marks the object for deletion in the next update. Until then it still
   /// hears events and is drawn. Marking twice is harmless. @return 0
   int markForDelete(Object *p_o);
@@ -73,12 +63,27 @@ public:
   void draw();
 
 private:
+  friend class Object;
+
   WorldManager();
+  ~WorldManager() override;
+
+  /// Called by an object's constructor and destructor: puts it at the end of the list
+  /// (unless it is there already), and takes it out (the last object moves into its
+  /// place). Removing does not delete.
+  /// @return 0; `removeObject` -1 when it is not in the world @{
+  int insertObject(Object *p_o);
+  int removeObject(Object *p_o); ///@}
+
+  /// Called by an object's setters when its box, its position or its collision response
+  /// has changed: keeps what `getCollisions` knows of it current.
+  void updateCollisions(const Object *p_o);
 
   void deleteMarkedObjects();
 
-  ObjectList updates;   ///< every object in the world
-  CollisionGrid grid;   ///< their boxes; an index is the one in `updates`
+  ObjectList updates; ///< every object in the world
+  std::unique_ptr<CollisionGrid>
+      p_grid;           ///< their boxes; an index is the one in `updates`
   ObjectList deletions; ///< marked objects, each once
 };
 

@@ -1,7 +1,7 @@
 #include "utility.h"
 
 #include "Object.h"
-#include "platform.h"
+#include "internal/platform.h"
 
 #include <cmath>
 #include <cstdio>
@@ -99,6 +99,11 @@ std::string printable(const std::string &text) {
     }
   }
   return result;
+}
+
+std::string shortened(const std::string &text) {
+  constexpr std::size_t LONGEST = 200;
+  return text.size() <= LONGEST ? text : text.substr(0, LONGEST) + "...";
 }
 
 bool isRegularFile(const std::string &filename) {

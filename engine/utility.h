@@ -35,6 +35,10 @@ void discardCarriageReturn(std::string &str);
 /// as `\\x1b`.
 std::string printable(const std::string &text);
 
+/// As much of `text` as a message can do with: the first 200 characters, and "..." for
+/// the rest.
+std::string shortened(const std::string &text);
+
 /// True when `filename` names a regular file (or a link to one). Directories,
 /// pipes and devices are not: reading them can fail late, block or never end.
 bool isRegularFile(const std::string &filename);

@@ -7,6 +7,7 @@
 #include "GameManager.h"
 #include "Object.h"
 #include "ResourceManager.h"
+#include "Sound.h"
 #include "WorldManager.h"
 
 #include <cstdlib>

@@ -15,8 +15,8 @@ constexpr int BEE_BONUS = 15; ///< points
 } // namespace
 
 Bee::Bee() {
-  setType(BEE_TYPE);
-  setSprite(BEE_TYPE);
+  setType(TYPE);
+  setSprite("Bee");
 }
 
 /// The slow event comes back to the bee that sends it, so a pressed bee pays
@@ -48,6 +48,6 @@ int Bee::eventHandler(const gw::Event *p_e) {
 }
 
 void Bee::beeScore() {
-  if (auto *p_score = findFirst<Score>("Score"))
+  if (auto *p_score = findFirst<Score>())
     p_score->updateScore(BEE_BONUS);
 }

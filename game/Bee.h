@@ -6,6 +6,8 @@
 /// bee pay and disappear.
 class Bee : public Insect {
 public:
+  static constexpr const char *TYPE = "Bee";
+
   Bee();
 
   int eventHandler(const gw::Event *p_e) override;

@@ -3,7 +3,7 @@
 #include "gameUtility.h"
 
 Border::Border() {
-  setType("Border");
+  setType(TYPE);
   setSprite("Border");
   setAltitude(2);
   setCollisionResponse(gw::IGNORE);

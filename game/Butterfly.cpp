@@ -1,6 +1,6 @@
 #include "Butterfly.h"
 
 Butterfly::Butterfly() {
-  setType(BUTTERFLY_TYPE);
-  setSprite(BUTTERFLY_TYPE);
+  setType(TYPE);
+  setSprite("Butterfly");
 }

@@ -4,7 +4,7 @@
 #include "gameUtility.h"
 
 Cursor::Cursor() {
-  setType("Cursor");
+  setType(TYPE);
   setSprite("NeutralCursor");
   setAltitude(gw::MAX_ALTITUDE);
   setCollisionResponse(gw::IGNORE);

@@ -6,6 +6,8 @@
 /// button. What a press pins is the insects' business.
 class Cursor : public gw::Object {
 public:
+  static constexpr const char *TYPE = "Cursor";
+
   /// In the middle of the display, until the mouse moves.
   Cursor();
 

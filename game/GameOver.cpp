@@ -1,16 +1,28 @@
 #include "GameOver.h"
 
+#include "Bee.h"
+#include "Butterfly.h"
+#include "Cursor.h"
 #include "DisplayManager.h"
 #include "EventStep.h"
 #include "GameStart.h"
-#include "Insect.h"
+#include "Glidewing.h"
 #include "LogManager.h"
 #include "PinBoard.h"
+#include "Score.h"
+#include "Sequence.h"
+#include "Slower.h"
+#include "Spawner.h"
 #include "Sprite.h"
 #include "WorldManager.h"
 #include "gameUtility.h"
 
 namespace {
+
+/// Whether objects of that type are insects.
+bool isInsect(const std::string &type) {
+  return type == Bee::TYPE || type == Butterfly::TYPE || type == Glidewing::TYPE;
+}
 
 /// Whether the object is on the board; leaves a log line if so.
 bool isOnBoard(const gw::Object *p_o, const gw::ObjectList &pinned) {
@@ -31,7 +43,7 @@ bool isOnBoard(const gw::Object *p_o, const gw::ObjectList &pinned) {
 
 GameOver::GameOver() {
   const gw::DisplayManager &display = gw::DisplayManager::getInstance();
-  setType("GameOver");
+  setType(TYPE);
   setCollisionResponse(gw::IGNORE);
   setPosition(gw::Vector(static_cast<float>(display.getHorizontal()) / 2.5f,
                          static_cast<float>(display.getVertical()) * 0.5f));
@@ -48,13 +60,13 @@ void GameOver::deleteGameObjects() {
   gw::WorldManager &world = gw::WorldManager::getInstance();
   const gw::ObjectList objects = world.getAllObjects();
   gw::ObjectList pinned;
-  if (const PinBoard *p_board = findFirst<PinBoard>("PinBoard"))
+  if (const PinBoard *p_board = findFirst<PinBoard>())
     pinned = p_board->getPinnedBugs();
   for (int i = 0; i < objects.getCount(); i++) {
     const std::string object_type = objects[i]->getType();
-    if (object_type == "Cursor" || object_type == "Spawner" ||
-        object_type == "Sequence" ||
-        (isInsectType(object_type) && !isOnBoard(objects[i], pinned)))
+    if (object_type == Cursor::TYPE || object_type == Spawner::TYPE ||
+        object_type == Sequence::TYPE ||
+        (isInsect(object_type) && !isOnBoard(objects[i], pinned)))
       world.markForDelete(objects[i]);
   }
 }
@@ -79,8 +91,8 @@ void GameOver::endGame() {
   const gw::ObjectList objects = world.getAllObjects();
   for (int i = 0; i < objects.getCount(); i++) {
     const std::string object_type = objects[i]->getType();
-    if (object_type == "PinBoard" || object_type == "Score" || object_type == "Slower" ||
-        isInsectType(object_type))
+    if (object_type == PinBoard::TYPE || object_type == Score::TYPE ||
+        object_type == Slower::TYPE || isInsect(object_type))
       world.markForDelete(objects[i]);
     else if (auto *p_menu = dynamic_cast<GameStart *>(objects[i]))
       p_menu->setMenuActive(true);

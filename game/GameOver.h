@@ -8,6 +8,8 @@
 /// the pin board when its last slot is filled.
 class GameOver : public gw::Object {
 public:
+  static constexpr const char *TYPE = "GameOver";
+
   /// Runs the first stage.
   GameOver();
 

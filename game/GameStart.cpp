@@ -3,6 +3,7 @@
 #include "Cursor.h"
 #include "EventKeyboard.h"
 #include "GameManager.h"
+#include "Music.h"
 #include "PinBoard.h"
 #include "ResourceManager.h"
 #include "Score.h"
@@ -19,7 +20,7 @@ const gw::Vector SPAWNER_POSITIONS[] = {{50, 20}, {30, 32}, {70, 32}};
 } // namespace
 
 GameStart::GameStart() {
-  setType("GameStart");
+  setType(TYPE);
   setSprite("GameStart");
   setCollisionResponse(gw::IGNORE);
   setPosition(displayCenter());

@@ -7,6 +7,8 @@
 /// run of the program; it starts the music, which loops from then on.
 class GameStart : public gw::Object {
 public:
+  static constexpr const char *TYPE = "GameStart";
+
   GameStart();
 
   /// The title shows, and a game may be started.

@@ -1,6 +1,6 @@
 #include "Glidewing.h"
 
 Glidewing::Glidewing() {
-  setType(GLIDEWING_TYPE);
-  setSprite(GLIDEWING_TYPE);
+  setType(TYPE);
+  setSprite("Glidewing");
 }

@@ -5,5 +5,7 @@
 /// Long and thin, four wings; comes in colours and can be pinned.
 class Glidewing : public Insect {
 public:
+  static constexpr const char *TYPE = "Glidewing";
+
   Glidewing();
 };

@@ -1,5 +1,6 @@
 #include "Insect.h"
 
+#include "Assertion.h"
 #include "EventMouse.h"
 #include "EventOut.h"
 #include "EventPin.h"
@@ -9,6 +10,8 @@
 #include "gameUtility.h"
 #include "utility.h"
 
+#include <cctype>
+
 Insect::Insect() {
   setType("Insect");
   setCollisionResponse(gw::OVERLAP);
@@ -16,24 +19,22 @@ Insect::Insect() {
 }
 
 std::string Insect::getColorAsString() const {
-  switch (color) {
-  case gw::RED:
-    return "red";
-  case gw::GREEN:
-    return "green";
-  case gw::YELLOW:
-    return "yellow";
-  case gw::BLUE:
-    return "blue";
-  case gw::MAGENTA:
-    return "magenta";
-  case gw::CYAN:
-    return "cyan";
-  case gw::BLACK:
-  case gw::WHITE:
-    break;
-  }
-  return "unknown";
+  const bool is_known =
+      gw::isColorValid(color) && color != gw::BLACK && color != gw::WHITE;
+  return is_known ? gw::definitionOf(color).name : "unknown";
+}
+
+void Insect::setTintedSprite() {
+  std::string kind = getType();
+  kind.front() = static_cast<char>(std::tolower(kind.front()));
+  const std::string label = kind + "color" + getColorAsString();
+  loadTintedSprite("tazlet/sprites/" + kind + ".txt", label, color);
+  setSprite(label);
+}
+
+bool Insect::isUnder(gw::Vector pointer) const {
+  const gw::Box probe(pointer + gw::Vector(-0.5f, -0.5f), 1, 1);
+  return gw::boxesIntersect(gw::getWorldBox(this), probe);
 }
 
 int Insect::eventHandler(const gw::Event *p_e) {
@@ -56,10 +57,7 @@ int Insect::eventHandler(const gw::Event *p_e) {
 }
 
 bool Insect::isPressedBy(const gw::EventMouse &event) const {
-  if (event.getMouseAction() != gw::PRESSED)
-    return false;
-  const gw::Box probe(event.getMousePosition() + gw::Vector(-0.5f, -0.5f), 1, 1);
-  return gw::boxesIntersect(gw::getWorldBox(this), probe);
+  return event.getMouseAction() == gw::PRESSED && isUnder(event.getMousePosition());
 }
 
 /// An insect that is about to be deleted is not pinned any more (it has just left
@@ -76,6 +74,8 @@ int Insect::handleMouse(const gw::EventMouse &event) {
   return 1;
 }
 
-bool isInsectType(const std::string &type) {
-  return type == BEE_TYPE || type == BUTTERFLY_TYPE || type == GLIDEWING_TYPE;
+Insect &asInsect(gw::Object *p_o) {
+  auto *p_insect = dynamic_cast<Insect *>(p_o);
+  GW_ASSERT(p_insect, "an object that is no insect is on the board or in the row");
+  return *p_insect;
 }

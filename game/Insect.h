@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DisplayManager.h"
+#include "Color.h"
 #include "Object.h"
 
 #include <array>
@@ -9,11 +9,6 @@
 namespace gw {
 class EventMouse;
 }
-
-/// The kinds of insects: their type strings.
-inline const std::string BEE_TYPE = "Bee";
-inline const std::string BUTTERFLY_TYPE = "Butterfly";
-inline const std::string GLIDEWING_TYPE = "Glidewing";
 
 /// The colours of butterflies and glidewings, in the order in which chance picks
 /// from them.
@@ -36,18 +31,27 @@ public:
   void setPinnable(bool new_pinnable) { pinnable = new_pinnable; }
   bool isPinnable() const { return pinnable; }
 
-  /// Says what the insect is, not how it looks: see `setTintedSprite`.
+  /// What colour the insect is, not how it looks: see `setTintedSprite`.
   void setColor(gw::Color new_color) { color = new_color; }
   gw::Color getColor() const { return color; }
 
   /// "red" to "cyan"; "unknown" for black, white and what is no colour.
   std::string getColorAsString() const;
 
+  /// Shows a butterfly or glidewing in its own colour: with a copy of its kind's sprite,
+  /// labelled for instance "glidewingcolorcyan", that is loaded and tinted when it is
+  /// first needed, and kept. When it cannot be loaded, which is tried once, the insect
+  /// keeps the sprite that it has.
+  void setTintedSprite();
+
+  /// Whether the insect is hit at that place (cells): the square of one cell around it
+  /// touches the insect's box.
+  bool isUnder(gw::Vector pointer) const;
+
   int eventHandler(const gw::Event *p_e) override;
 
 protected:
-  /// Whether the event is a press of any button with the pointer on the insect:
-  /// the square of one cell around the pointer touches the insect's box.
+  /// Whether the event is a press of any button with the pointer on the insect.
   bool isPressedBy(const gw::EventMouse &event) const;
 
 private:
@@ -58,5 +62,6 @@ private:
   bool pinned = false;
 };
 
-/// Whether an object of that type is an insect.
-bool isInsectType(const std::string &type);
+/// The object as an insect, which it must be: what is on the board and in the row is
+/// always one.
+Insect &asInsect(gw::Object *p_o);

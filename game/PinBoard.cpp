@@ -9,8 +9,6 @@
 #include "WorldManager.h"
 #include "gameUtility.h"
 
-#include <algorithm>
-
 namespace {
 
 constexpr int SLOT_HEIGHT = 6; ///< rows
@@ -24,7 +22,7 @@ float slotY(int slot) {
 
 PinBoard::PinBoard() {
   const gw::DisplayManager &display = gw::DisplayManager::getInstance();
-  setType("PinBoard");
+  setType(TYPE);
   setSprite("PinBoard");
   setAltitude(3);
   setCollisionResponse(gw::IGNORE);
@@ -72,20 +70,19 @@ void PinBoard::take(Insect *p_insect) {
 
 /// @param number insects of the sold row; more than there are take off all
 void PinBoard::removeNewest(int number) {
-  const int kept = std::max(pinnedBugs.getCount() - number, 0);
+  const int kept = pinnedBugs.getCount() > number ? pinnedBugs.getCount() - number : 0;
   gw::ObjectList remaining;
   for (int i = 0; i < kept; i++) {
     remaining.insert(pinnedBugs[i]);
     pinnedBugs[i]->setPosition(gw::Vector(getPosition().getX(), slotY(i + 1)));
   }
   for (int i = kept; i < pinnedBugs.getCount(); i++) {
-    const auto *p_insect = dynamic_cast<const Insect *>(pinnedBugs[i]);
+    const Insect &insect = asInsect(pinnedBugs[i]);
     gw::LogManager::getInstance().writeLog(
         gw::DEBUG,
         "PinBoard::eventHandler(): Removing pinned bug with object id %d, type %s, color "
         "%s at board index %d.",
-        p_insect->getId(), p_insect->getType().c_str(),
-        p_insect->getColorAsString().c_str(), i);
+        insect.getId(), insect.getType().c_str(), insect.getColorAsString().c_str(), i);
     gw::WorldManager::getInstance().markForDelete(pinnedBugs[i]);
   }
   pinnedBugs = remaining;

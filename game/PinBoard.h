@@ -12,6 +12,8 @@ class Insect;
 /// so it is created first.
 class PinBoard : public gw::Object {
 public:
+  static constexpr const char *TYPE = "PinBoard";
+
   PinBoard();
 
   /// A copy of the list of insects on the board, oldest first. The insects are

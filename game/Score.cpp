@@ -1,5 +1,6 @@
 #include "Score.h"
 
+#include "DisplayManager.h"
 #include "EventClear.h"
 
 namespace {
@@ -40,7 +41,7 @@ constexpr gw::Color TOP_COLOR = gw::YELLOW;
 } // namespace
 
 Score::Score() : pointsPerBug(POINTS_PER_BUG) {
-  setType("Score");
+  setType(TYPE);
   setPosition(gw::Vector(
       13, static_cast<float>(gw::DisplayManager::getInstance().getVertical() - 3)));
   setSprite("Score");

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DisplayManager.h"
+#include "Color.h"
 #include "Object.h"
 
 #include <string>
@@ -8,6 +8,8 @@
 /// The player's money, and the rank that comes with it. One for each game.
 class Score : public gw::Object {
 public:
+  static constexpr const char *TYPE = "Score";
+
   /// In the lower left of the display, at 0.
   Score();
 

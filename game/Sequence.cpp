@@ -20,14 +20,10 @@ gw::Vector targetPosition(int index) {
   return gw::Vector(static_cast<float>(9 + 10 * index), 4);
 }
 
-Insect *asInsect(gw::Object *p_o) {
-  return dynamic_cast<Insect *>(p_o);
-}
-
 } // namespace
 
 Sequence::Sequence() {
-  setType("Sequence");
+  setType(TYPE);
   setSprite("Sequence");
   setCollisionResponse(gw::IGNORE);
   setAltitude(3);
@@ -56,7 +52,7 @@ void Sequence::generateSequence() {
 }
 
 bool Sequence::insectMatchesSequence(Insect *p_insect, int index) {
-  const Insect *p_target = asInsect(sequence[index]);
+  const Insect *p_target = &asInsect(sequence[index]);
   const bool same_type = p_insect->getType() == p_target->getType();
   const bool same_color = p_insect->getColor() == p_target->getColor();
   const char *verdict = !same_type    ? "did not match type of"
@@ -73,7 +69,7 @@ bool Sequence::insectMatchesSequence(Insect *p_insect, int index) {
 }
 
 void Sequence::advanceCurrentIndexCheck() {
-  const auto *p_board = findFirst<PinBoard>("PinBoard");
+  const auto *p_board = findFirst<PinBoard>();
   if (!p_board)
     return;
   const gw::ObjectList board = p_board->getPinnedBugs();
@@ -84,7 +80,7 @@ void Sequence::advanceCurrentIndexCheck() {
         currentIndex = matched;
         return;
       }
-      if (!insectMatchesSequence(asInsect(board[start + matched]), matched))
+      if (!insectMatchesSequence(&asInsect(board[start + matched]), matched))
         break;
       matched++;
       if (matched == sequence.getCount()) {
@@ -104,7 +100,7 @@ int Sequence::eventHandler(const gw::Event *p_e) {
   Insect *p_insect = p_pin->getPinnedInsect();
   if (!p_insect || sequence.isEmpty())
     return 1;
-  auto *p_board = findFirst<PinBoard>("PinBoard");
+  auto *p_board = findFirst<PinBoard>();
   if (p_board && !p_board->holds(p_insect))
     p_board->eventHandler(p_e);
   checkPin(p_insect);
@@ -149,7 +145,7 @@ Insect *Sequence::makeTarget(int index) {
   p_target->setCollisionResponse(gw::IGNORE);
   p_target->setAltitude(gw::MAX_ALTITUDE);
   p_target->setPinnable(false);
-  setTintedSprite(*p_target);
+  p_target->setTintedSprite();
   return p_target;
 }
 

@@ -14,6 +14,8 @@ class Insect;
 /// board match the first `currentIndex` targets.
 class Sequence : public gw::Object {
 public:
+  static constexpr const char *TYPE = "Sequence";
+
   /// Empty: call `generateSequence` next.
   Sequence();
 

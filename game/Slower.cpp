@@ -8,19 +8,18 @@
 
 namespace {
 
-constexpr int SLOW_STEPS = 33; ///< the unslow event goes out on the step after these
 constexpr int IDLE = -1;
 
 } // namespace
 
 Slower::Slower() : slowCountdown(IDLE) {
-  setType("Slower");
+  setType(TYPE);
 }
 
 int Slower::eventHandler(const gw::Event *p_e) {
   const std::string event_type = p_e->getType();
   if (event_type == SLOW_EVENT)
-    slowCountdown = SLOW_STEPS;
+    slowCountdown = SLOW_DOWN_STEPS - 1; // the step that finds 0 is the last one
   else if (event_type == gw::STEP_EVENT)
     countDown();
   else

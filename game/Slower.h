@@ -6,6 +6,11 @@
 /// the unslow event, once. Invisible; one for each game.
 class Slower : public gw::Object {
 public:
+  static constexpr const char *TYPE = "Slower";
+
+  /// From the slow event to the unslow event, in steps.
+  static constexpr int SLOW_DOWN_STEPS = 34;
+
   Slower();
 
   int eventHandler(const gw::Event *p_e) override;

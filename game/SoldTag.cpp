@@ -4,7 +4,7 @@
 #include "WorldManager.h"
 
 SoldTag::SoldTag() {
-  setType("SoldTag");
+  setType(TYPE);
   setSprite("SoldTag");
   setPosition(gw::Vector(10, 10));
   setCollisionResponse(gw::IGNORE);

@@ -6,6 +6,8 @@
 /// may be there at a time, and one may outlive its game.
 class SoldTag : public gw::Object {
 public:
+  static constexpr const char *TYPE = "SoldTag";
+
   SoldTag();
 
   int eventHandler(const gw::Event *p_e) override;

@@ -11,8 +11,6 @@
 #include "Random.h"
 #include "gameUtility.h"
 
-#include <algorithm>
-
 namespace {
 
 constexpr int BEE_ODDS = 17;              ///< one insect in so many is a bee
@@ -43,14 +41,14 @@ Insect *makeInsect(int kind, gw::Color color) {
   else
     p_insect = new Glidewing;
   p_insect->setColor(color);
-  setTintedSprite(*p_insect);
+  p_insect->setTintedSprite();
   return p_insect;
 }
 
 } // namespace
 
 Spawner::Spawner() {
-  setType("Spawner");
+  setType(TYPE);
   setSprite("Spawner");
   setCollisionResponse(gw::IGNORE);
   setPosition(displayCenter());
@@ -104,7 +102,7 @@ void Spawner::countDown() {
 /// Down to 1 and no further: the next step draws a number below the period.
 void Spawner::shortenPeriod() {
   const auto shorter = static_cast<int>(spawnFrequency - PERIOD_CUT * spawnFrequency);
-  spawnFrequency = std::max(shorter, 1);
+  spawnFrequency = shorter > 1 ? shorter : 1;
   gw::LogManager::getInstance().writeLog(
       gw::INFO,
       "Spawner::eventHandler(): Sequence cleared. Increasing Spawner spawn frequency. "

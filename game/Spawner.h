@@ -7,6 +7,8 @@
 /// passed. The period shrinks with every row sold.
 class Spawner : public gw::Object {
 public:
+  static constexpr const char *TYPE = "Spawner";
+
   /// In the middle of the display; releases its first insect on its first step.
   Spawner();
 

@@ -6,7 +6,6 @@
 #include "LogManager.h"
 #include "Random.h"
 #include "ResourceManager.h"
-#include "platform.h"
 
 #include <ctime>
 
@@ -64,7 +63,6 @@ void populateGame() {
 #ifndef TAZLET_WITHOUT_MAIN
 
 int main() {
-  gw::keepStandardStreams();
   gw::GameManager &game = gw::GameManager::getInstance();
   gw::LogManager &log = gw::LogManager::getInstance();
   if (game.startUp() != 0) {

@@ -201,7 +201,7 @@ class Log(DemoTest):
             self.play(*options, "--steps", steps)
             complete = self.log()
             # Up to the end of that step, which the shut-down follows.
-            complete = complete[:complete.index("    INFO: WorldManager is shutting down.")]
+            complete = complete[:complete.index("    INFO: GameManager is shutting down.")]
             self.assertGreater(len(complete), 50)
             self.assertEqual(survived[:len(complete)], complete)
 

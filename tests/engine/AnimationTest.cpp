@@ -1,4 +1,5 @@
 #include "EngineTest.h"
+#include "Sprite.h"
 
 namespace {
 

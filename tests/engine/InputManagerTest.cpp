@@ -1,6 +1,8 @@
 #include "InputManager.h"
 #include "EngineTest.h"
 
+#include <SFML/Window/Event.hpp>
+
 #include <climits>
 #include <map>
 

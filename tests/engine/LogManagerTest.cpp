@@ -1,5 +1,5 @@
 #include "EngineTest.h"
-#include "platform.h"
+#include "internal/platform.h"
 
 #include <sys/resource.h>
 #include <sys/stat.h>

@@ -69,15 +69,22 @@ TEST_F(EngineTest, ManagersReportEveryStartAndStop) {
     EXPECT_EQ(logOf([&] { manager.shutDown(); }), Lines{expected});
     EXPECT_FALSE(manager.isStarted()) << manager.getType();
   };
+  start(game, 0, {"INFO: GameManager is already started."});
+  EXPECT_EQ(logOf([&] { game.shutDown(); }),
+            (Lines{"INFO: GameManager is shutting down.",
+                   "INFO: WorldManager is shutting down.",
+                   "INFO: ResourceManager is shutting down.",
+                   "INFO: InputManager is already shut down.",
+                   "INFO: DisplayManager is already shut down.",
+                   "INFO: LogManager is shutting down."}));
+  ASSERT_EQ(log.startUp(), 0);
   start(log, 0, {"INFO: LogManager is already started."});
-  start(resources, 0, {"INFO: ResourceManager is already started."});
-  stop(resources, "INFO: ResourceManager is shutting down.");
   stop(resources, "INFO: ResourceManager is already shut down.");
   start(resources, 0, {"INFO: ResourceManager is started up."});
-  start(world, 0, {"INFO: WorldManager is already started."});
-  stop(world, "INFO: WorldManager is shutting down.");
+  start(resources, 0, {"INFO: ResourceManager is already started."});
   stop(world, "INFO: WorldManager is already shut down.");
   start(world, 0, {"INFO: WorldManager is started up."});
+  start(world, 0, {"INFO: WorldManager is already started."});
   start(display, -1, {"ERROR: Unable to allocate game window."});
   stop(display, "INFO: DisplayManager is already shut down.");
   start(input, -1,

@@ -1,4 +1,7 @@
 #include "EngineTest.h"
+#include "Music.h"
+#include "Sound.h"
+#include "Sprite.h"
 
 #include <sys/resource.h>
 

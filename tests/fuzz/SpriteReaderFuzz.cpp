@@ -1,7 +1,7 @@
 #include "SpriteReaderFuzz.h"
 
 #include "LogManager.h"
-#include "SpriteReader.h"
+#include "internal/SpriteReader.h"
 
 #include <cstdio>
 #include <cstdlib>

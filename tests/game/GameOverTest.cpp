@@ -66,7 +66,7 @@ TEST_F(GameOverTest, WithoutResourcesTheNextStepEndsTheGameAndASaleTagOutlivesIt
   EXPECT_EQ(score(), 0);
   EXPECT_EQ(row().getCount(), 1);
   EXPECT_EQ(pinned(), "");
-  EXPECT_EQ(findFirst<Spawner>("Spawner")->getSpawnFrequency(), 400);
+  EXPECT_EQ(findFirst<Spawner>()->getSpawnFrequency(), 400);
   step(98);
   EXPECT_EQ(count("SoldTag"), 1) << "in its 99th step";
   step();

@@ -130,11 +130,11 @@ protected:
   }
 
   static gw::WorldManager &world() { return gw::WorldManager::getInstance(); }
-  static PinBoard *board() { return findFirst<PinBoard>("PinBoard"); }
+  static PinBoard *board() { return findFirst<PinBoard>(); }
   static std::string pinned() { return codesOf(board()->getPinnedBugs()); }
-  static gw::ObjectList row() { return findFirst<Sequence>("Sequence")->getSequence(); }
-  static int score() { return findFirst<Score>("Score")->getScore(); }
-  static GameStart *menu() { return findFirst<GameStart>("GameStart"); }
+  static gw::ObjectList row() { return findFirst<Sequence>()->getSequence(); }
+  static int score() { return findFirst<Score>()->getScore(); }
+  static GameStart *menu() { return findFirst<GameStart>(); }
   static int insects() { return count("Butterfly") + count("Glidewing") + count("Bee"); }
 
   static Lines sortedTypes() {

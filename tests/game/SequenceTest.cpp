@@ -89,7 +89,7 @@ TEST_F(SequenceTest, WhatStaysOnTheBoardMayBeginOrCompleteTheNewRow) {
     EXPECT_EQ(score(), c.score);
     EXPECT_EQ(count("SoldTag"), static_cast<int>(c.rows.size()) - 1);
     EXPECT_EQ(rulesLog([&] { pin("Gc"); }).at(1), says({c.next}).front());
-    findFirst<Sequence>("Sequence")->generateSequence(0);
+    findFirst<Sequence>()->generateSequence(0);
     EXPECT_EQ(rulesLog([&] { pin("Br"); }).size(), 1u) << "an empty row ignores pins";
     clearWorld();
   }

@@ -48,7 +48,7 @@ TEST_F(SpawnerTest, ASeedDecidesKindColorAndVelocityOfEveryInsect) {
       Dice dice{2026};
       for (int i = 0; i < 150; i++) {
         const Spawn spawn(dice);
-        findFirst<Spawner>("Spawner")->spawnInsect();
+        findFirst<Spawner>()->spawnInsect();
         const Insect *p_insect = newest();
         ASSERT_EQ(codeOf(p_insect), spawn.code) << "insect " << i;
         seen.insert(spawn.code);

@@ -4,17 +4,14 @@
 
 void EngineTest::SetUp() {
   gw::LogManager &log = gw::LogManager::getInstance();
-  ASSERT_EQ(log.startUp(), 0);
   log.setLogLevel(gw::ALL);
   log.setFlush(true);
-  ASSERT_EQ(gw::ResourceManager::getInstance().startUp(), 0);
-  ASSERT_EQ(gw::WorldManager::getInstance().startUp(), 0);
+  ASSERT_EQ(gw::GameManager::getInstance().startUpHeadless(), 0);
+  ASSERT_TRUE(log.isStarted());
 }
 
 void EngineTest::TearDown() {
-  gw::WorldManager::getInstance().shutDown();
-  gw::ResourceManager::getInstance().shutDown();
-  gw::LogManager::getInstance().shutDown();
+  gw::GameManager::getInstance().shutDown();
 }
 
 int Recorder::eventHandler(const gw::Event *p_e) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Event.h"
+#include "GameManager.h"
 #include "LogManager.h"
 #include "Object.h"
 #include "ResourceManager.h"

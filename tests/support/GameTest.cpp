@@ -1,6 +1,5 @@
 #include "GameTest.h"
 
-#include "EventStep.h"
 #include "Random.h"
 #include "tazlet.h"
 
@@ -22,13 +21,8 @@ void GameTest::startGame() {
 }
 
 void GameTest::step(int steps) {
-  gw::WorldManager &world = gw::WorldManager::getInstance();
-  for (int i = 0; i < steps; i++) {
-    const gw::EventStep event(step_count++);
-    world.onEvent(&event);
-    world.update();
-    world.draw();
-  }
+  for (int i = 0; i < steps; i++)
+    gw::GameManager::getInstance().runStep(gw::NEVER_SLEEP);
 }
 
 void GameTest::pressKey(gw::Keyboard::Key key) {

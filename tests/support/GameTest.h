@@ -4,6 +4,7 @@
 #include "EventKeyboard.h"
 #include "EventMouse.h"
 #include "Insect.h"
+#include "Sprite.h"
 #include "gameUtility.h"
 
 #include <string>
@@ -18,8 +19,7 @@ protected:
   /// Loads the sprites, creates border and menu, presses `P`.
   void startGame();
 
-  /// One step of the game loop but for window and sleep: step event, update,
-  /// drawing. `steps` of them.
+  /// So many steps of the game, without sleep.
   void step(int steps = 1);
 
   void pressKey(gw::Keyboard::Key key);
@@ -46,7 +46,4 @@ protected:
 
   /// Takes every spawner out of the game, so that nothing comes by chance.
   void removeSpawners();
-
-private:
-  int step_count = 0;
 };

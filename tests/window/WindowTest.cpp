@@ -1,6 +1,6 @@
 #include "WindowTest.h"
 
-#include <SFML/Config.hpp>
+#include "internal/platform.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -10,7 +10,7 @@ namespace {
 /// SFML 3.0 puts glyphs at places of its texture where software OpenGL, drawing them one
 /// by one, is off by the last bit.
 bool differs(int found, int wanted) {
-  constexpr int OFF = SFML_VERSION_MAJOR == 3 && SFML_VERSION_MINOR == 0 ? 1 : 0;
+  constexpr int OFF = GW_IS_SFML_3_0;
   return std::abs(found - wanted) > OFF;
 }
 

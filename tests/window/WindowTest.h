@@ -3,6 +3,8 @@
 #include "DisplayManager.h"
 #include "EngineTest.h"
 
+#include <SFML/Graphics.hpp>
+
 /// The engine with a real window, for one test: as `EngineTest`, with the game's
 /// font in the directory and the display started.
 class WindowTest : public EngineTest {

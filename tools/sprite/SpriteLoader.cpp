@@ -1,8 +1,8 @@
 #include "SpriteLoader.h"
 
 #include "LogManager.h"
-#include "SpriteReader.h"
 #include "TemporaryDirectory.h"
+#include "internal/SpriteReader.h"
 #include "utility.h"
 
 #include <filesystem>

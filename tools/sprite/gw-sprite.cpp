@@ -1,10 +1,11 @@
 /// Checks sprite files, shows them and makes pictures of them: for those who draw
 /// for the game.
 
+#include "DisplayManager.h"
 #include "Picture.h"
 #include "SpriteLoader.h"
 #include "TerminalPlayer.h"
-#include "platform.h"
+#include "internal/platform.h"
 #include "utility.h"
 
 #include <CLI/CLI.hpp>

@@ -1,4 +1,4 @@
-#include "AudioFile.h"
+#include "internal/AudioFile.h"
 
 #include "utility.h"
 

@@ -1,4 +1,4 @@
-#include "PixelSet.h"
+#include "internal/PixelSet.h"
 
 #include <algorithm>
 

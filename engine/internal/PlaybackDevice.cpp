@@ -1,9 +1,9 @@
-#include "PlaybackDevice.h"
+#include "internal/PlaybackDevice.h"
 
 #include "LogManager.h"
+#include "internal/platform.h"
 
 #include <SFML/Audio.hpp>
-#include <SFML/Config.hpp>
 
 #include <optional>
 #include <string>
@@ -20,10 +20,10 @@ bool looked = false;
 
 /// @return false also where the library has no way to, which came with 3.1
 bool selectNullDevice() {
-#if SFML_VERSION_MAJOR > 3 || SFML_VERSION_MINOR >= 1
-  return sf::PlaybackDevice::setDeviceToNull();
-#else
+#if GW_IS_SFML_3_0
   return false;
+#else
+  return sf::PlaybackDevice::setDeviceToNull();
 #endif
 }
 

@@ -1,4 +1,4 @@
-#include "CollisionGrid.h"
+#include "internal/CollisionGrid.h"
 
 #include "utility.h"
 
@@ -22,12 +22,11 @@ constexpr float CELL_HEIGHT = 8;
 constexpr int CELLS = 128;
 constexpr int APART = CELLS * CELLS; ///< the cell of the boxes that are kept apart
 
-/// Up to here a float tells places closer than `SLACK` from each other, so adding
-/// the size of a box to its corner cannot lead further astray.
+/// Below `FAR`, corner + size is exact to `SLACK`.
 constexpr float FAR = 65536;
 constexpr float SLACK = 1.f / 64;
 
-/// False also for what is no number.
+/// False also for what is not a number.
 bool isNear(Vector position) {
   return std::fabs(position.getX()) < FAR && std::fabs(position.getY()) < FAR;
 }

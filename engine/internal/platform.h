@@ -1,18 +1,30 @@
 #pragma once
 
+#include <SFML/Config.hpp>
+
 #include <cstdio>
 #include <ctime>
 #include <string>
 
+/// @def GW_IS_SFML_3_0
+/// Whether the library is 3.0, which lacks and does differently some of what came with
+/// 3.1; 1 or 0.
+#if SFML_VERSION_MAJOR == 3 && SFML_VERSION_MINOR == 0
+#define GW_IS_SFML_3_0 1
+#else
+#define GW_IS_SFML_3_0 0
+#endif
+
 namespace gw {
 
 /// @file
-/// What standard C++ has no way for, once for each platform: nothing else in the engine
-/// asks which one it is on, but for the connection to the display.
+/// What standard C++ has no way for, once for each platform, and the versions of SFML:
+/// nothing else in the engine asks which ones it is on, but for the connection to the
+/// display.
 
-/// To be called first in `main`. Where the program was started with a standard stream
-/// closed, the next file to be opened would get that stream's place, and all that is
-/// printed. This keeps the place: what is printed there fails, as it should.
+/// To be called before any file is opened and kept open. Where the program was started
+/// with a standard stream closed, the next file would get that stream's place, and all
+/// that is printed. This keeps the place: what is printed there fails, as it should.
 void keepStandardStreams();
 
 /// Calendar time as the local clock on the wall shows it; all zero when the platform

@@ -1,10 +1,9 @@
-#include "SpriteReader.h"
+#include "internal/SpriteReader.h"
 
 #include "LogManager.h"
 #include "utility.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <cerrno>
 #include <climits>
@@ -15,10 +14,6 @@
 namespace gw {
 
 namespace {
-
-/// The words for colours in files, by the colour's value.
-const std::array<const char *, 8> COLOR_WORDS = {"black", "red",     "green", "yellow",
-                                                 "blue",  "magenta", "cyan",  "white"};
 
 /// The lines of a file, without their ends; empty ones past the last.
 class LineReader {
@@ -38,12 +33,6 @@ private:
   std::istream &file;
   std::string line;
 };
-
-/// As much of a line as a reader of the log can do with.
-std::string quote(const std::string &line) {
-  constexpr std::size_t LONGEST = 200;
-  return line.size() <= LONGEST ? line : line.substr(0, LONGEST) + "...";
-}
 
 struct Number {
   int value;  ///< of the digits the line begins with; the nearest int if it is none
@@ -71,12 +60,15 @@ bool readNumber(LineReader &lines, int minimum, const char *complaint, int &valu
 }
 
 bool readColor(LineReader &lines, Color &color) {
-  const auto word = std::find(COLOR_WORDS.begin(), COLOR_WORDS.end(), lines.next());
-  if (word == COLOR_WORDS.end()) {
+  const std::string &word = lines.next();
+  const auto found =
+      std::find_if(COLORS.begin(), COLORS.end(),
+                   [&word](const ColorDefinition &known) { return word == known.name; });
+  if (found == COLORS.end()) {
     LogManager::getInstance().writeLog(ERROR, "Line 5: Invalid Sprite color.");
     return false;
   }
-  color = static_cast<Color>(word - COLOR_WORDS.begin());
+  color = static_cast<Color>(found - COLORS.begin());
   return true;
 }
 
@@ -113,9 +105,9 @@ bool readFrames(LineReader &lines, const Head &head, std::vector<Frame> &frames)
     for (int r = 0; r < head.height; r++, line_number++) {
       const std::string &row = lines.next();
       if (row.size() != width) {
-        LogManager::getInstance().writeLog(ERROR,
-                                           "Line %lld: Line width %zu, expected %d.",
-                                           line_number, row.size(), head.width);
+        LogManager::getInstance().writeLog(
+            ERROR, "Line %lld: Line width %lld, expected %d.", line_number,
+            static_cast<long long>(row.size()), head.width);
         return false;
       }
       rows += row;
@@ -144,7 +136,7 @@ std::unique_ptr<Sprite> readSprite(std::istream &file) {
   std::vector<Frame> frames;
   if (!readHead(lines, head) || !readFrames(lines, head, frames)) {
     LogManager::getInstance().writeLog(ERROR, "Line is: '%s'",
-                                       quote(lines.current()).c_str());
+                                       shortened(lines.current()).c_str());
     return nullptr;
   }
   return makeSprite(head, std::move(frames));

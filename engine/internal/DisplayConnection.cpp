@@ -1,4 +1,4 @@
-#include "DisplayConnection.h"
+#include "internal/DisplayConnection.h"
 
 #ifdef GW_HAS_X11
 

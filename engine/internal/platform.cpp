@@ -1,4 +1,4 @@
-#include "platform.h"
+#include "internal/platform.h"
 
 #include "utility.h"
 
