@@ -132,8 +132,7 @@ void FullScreen(benchmark::State &state) {
     for (int y = 0; y < bench::ROWS; y++)
       for (int x = 0; x < bench::COLUMNS; x++)
         display.drawCh(gw::Vector(static_cast<float>(x), static_cast<float>(y)),
-                       bench::characterAt(x, y, frame),
-                       static_cast<gw::Color>(bench::colorAt(x, y, frame)));
+                       bench::characterAt(x, y, frame), bench::colorAt(x, y, frame));
     display.swapBuffers();
     frame++;
   };

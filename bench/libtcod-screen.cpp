@@ -61,7 +61,7 @@ void FullScreen(benchmark::State &state, const Renderer &renderer) {
   const auto draw_frame = [&] {
     for (int y = 0; y < ROWS; y++)
       for (int x = 0; x < COLUMNS; x++) {
-        const Rgb color = COLORS[colorAt(x, y, frame)];
+        const gw::ColorDefinition &color = gw::definitionOf(colorAt(x, y, frame));
         (*p_console)[{x, y}] = {characterAt(x, y, frame),
                                 {color.red, color.green, color.blue, 255},
                                 {0, 0, 0, 255}};

@@ -25,7 +25,7 @@ void FullScreen(benchmark::State &state) {
     for (int y = 0; y < ROWS; y++)
       for (int x = 0; x < COLUMNS; x++) {
         const sf::Vector2f corner(sf::Vector2i(x * CELL_WIDTH, y * CELL_HEIGHT));
-        const Rgb color = COLORS[colorAt(x, y, frame)];
+        const gw::ColorDefinition &color = gw::definitionOf(colorAt(x, y, frame));
         // Where the engine has it: a letter sits lower in its line than in its cell.
         background.setPosition(corner +
                                sf::Vector2f(-CELL_WIDTH / 10.f, CELL_HEIGHT / 5.f));

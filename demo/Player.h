@@ -6,9 +6,9 @@
 #include <SFML/Window/Keyboard.hpp>
 #include <SFML/Window/Mouse.hpp>
 
-/// Somebody at mouse and keyboard: an object that posts input events, as a person
-/// causes them, on every step. They are handled in the input phase of the same
-/// step. Invisible, touches nothing. Derived classes decide what to do.
+/// A player other than a person: an object that posts input events in every step, which
+/// are handled in the input phase of that step. Invisible, without collisions. Derived
+/// classes decide what to do.
 class Player : public gw::Object {
 public:
   Player();

@@ -17,8 +17,8 @@ struct Achievements {
   int sold_on_full_board = 0;     ///< boards overflowed while a row completed
 };
 
-/// Watches the game: counts what is reached, and hands every input event to a
-/// recording. Invisible, touches nothing, changes nothing.
+/// Watches the game: counts what is reached, and writes every input event to a recording.
+/// Invisible, without collisions; changes nothing.
 class Witness : public gw::Object {
 public:
   /// @param p_init_writer not owned, must outlive the world; null records nothing

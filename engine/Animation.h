@@ -9,26 +9,26 @@ namespace gw {
 
 class Sprite;
 
-/// Where one object is in showing its sprite's frames. A plain value, copied
-/// with the object's state; the sprite is borrowed from the resource manager and
-/// must stay loaded for as long as an animation shows it.
+/// Which frame of its sprite an object shows, and for how long already. A plain value.
+/// The sprite belongs to the resource manager and must stay loaded as long as an
+/// animation shows it.
 class Animation {
 public:
   /// Shows that sprite from its first frame on; null shows nothing. @{
   void setSprite(Sprite *p_new_sprite);
   Sprite *getSprite() const { return sprite; } ///@}
 
-  /// Renames the sprite itself, for everybody who uses it. Without a sprite: a
-  /// WARNING, and nothing changes. @{
+  /// Setting it renames the sprite itself, for everybody who uses it; without a sprite
+  /// nothing changes, with a WARNING. @{
   void setSpriteLabel(std::string new_label);
   std::string getSpriteLabel() const { return sprite_label; } ///@}
 
-  /// The frame to show next. Outside the sprite's frames (there are none without
-  /// a sprite): a WARNING, and nothing changes. @{
+  /// The frame to show next: 0 up to but not including the sprite's frame count. For any
+  /// other number, and without a sprite, nothing changes, with a WARNING. @{
   void setFrameIndex(int new_index);
   int getFrameIndex() const { return index; } ///@}
 
-  /// Draw calls already spent on the current frame. @{
+  /// How often the current frame was drawn already. @{
   void setSlowdownCount(int new_count) { slowdown_count = new_count; }
   int getSlowdownCount() const { return slowdown_count; } ///@}
 

@@ -2,9 +2,8 @@
 
 namespace gw {
 
-/// A stopwatch on the platform's monotonic clock, in microseconds. The game
-/// loop measures its step and its sleep with one; game code counts steps
-/// instead and never reads a clock.
+/// A stopwatch on the platform's monotonic clock, in microseconds. The game loop measures
+/// steps and sleep with it. Game code counts steps and never reads a clock.
 class Clock {
 public:
   /// Starts the watch.

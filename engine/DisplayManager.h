@@ -20,7 +20,7 @@ namespace gw {
 
 class CharacterBatch;
 
-/// What the window's frame says.
+/// The title in the window's frame.
 inline const std::string WINDOW_TITLE_DEFAULT = "Glidewing";
 
 /// A TrueType font in the working directory. A fixed-width one whose characters
@@ -51,9 +51,8 @@ enum Justification : int {
 /// it: sizes and positions in pixels are everywhere those of the 1024 x 768 picture, the
 /// pointer's as well.
 ///
-/// Objects draw during a step; characters are collected and reach the graphics
-/// card together, at the latest when the frame is shown or the window is handed
-/// out.
+/// Characters are collected and reach the graphics card together: when the frame is
+/// shown, or when somebody asks for the window.
 class DisplayManager : public Manager {
 public:
   /// The only one.
@@ -71,18 +70,19 @@ public:
   /// Closes the window and releases all that drawing needs.
   void shutDown() override;
 
-  /// The window, with all drawing done so far in it; stays this manager's. Null
-  /// before start-up and after shut-down. Somebody may draw on it now, which makes the
-  /// rest of this frame slower: what needs no drawing has functions of its own. With a
-  /// view other than its default one (a camera) frames are slower as well, and what is
-  /// drawn outside the grid is shown, too, where the view takes it in.
+  /// The window (`<SFML/Graphics/RenderWindow.hpp>`), with all that was drawn so far in
+  /// it; stays this manager's. Null before start-up and after shut-down. The caller may
+  /// draw on it, and the rest of this frame becomes slower for that: to find out whether
+  /// there is a window, ask `hasWindow`. A window with a view other than its default one
+  /// (a camera) makes every frame slower, and shows what is drawn outside the grid where
+  /// the view takes it in.
   sf::RenderWindow *getWindow() const;
 
-  /// Whether the window is open. Unlike `getWindow`, asking costs nothing.
+  /// Whether the window is open.
   bool hasWindow() const { return p_window != nullptr; }
 
-  /// The window's next pending event; nothing when there is none, or no window. A
-  /// position of the pointer is that in the picture, in pixels.
+  /// The window's next pending event (`<SFML/Window/Event.hpp>`); nothing when there is
+  /// none, or no window. Positions of the pointer are in the picture, in pixels.
   std::optional<sf::Event> pollEvent();
 
   /// Whether a key that is held goes on sending presses. Nothing without a window.
@@ -93,7 +93,7 @@ public:
   int getHorizontalPixels() const { return window_horizontal_pixels; } ///< width
   int getVerticalPixels() const { return window_vertical_pixels; }     ///< height
 
-  /// The window library's colour; white for an invalid one.
+  /// The colour for SFML (`<SFML/Graphics/Color.hpp>`); white for an invalid one.
   sf::Color mapGlidewingColorToSFMLColor(Color color) const;
 
   /// Whether it is one of the eight, and not some other number.

@@ -23,9 +23,9 @@ private:
   std::string type = UNDEFINED_EVENT;
 };
 
-/// The event as a `T` when its type string is `type` and it really is a `T`,
-/// else null. What a handler starts with when it needs the record's fields: an
-/// event whose type was changed by hand is ignored, not misread.
+/// The event as a `T`: a handler starts with this when it needs the fields of `T`.
+/// @return null unless the type string is `type` and the event really is a `T`; an event
+/// whose type was changed by hand is ignored, not misread
 template <class T> const T *eventAs(const Event *p_e, const std::string &type) {
   return p_e->getType() == type ? dynamic_cast<const T *>(p_e) : nullptr;
 }

@@ -10,8 +10,8 @@ class Object;
 /// The type of an `EventCollision`.
 inline const std::string COLLISION_EVENT = "gw::collision";
 
-/// One object runs into another: the mover hears it first, then the other, the
-/// same record.
+/// One object runs into another. The mover hears of it first, then the other object gets
+/// the same event.
 class EventCollision : public Event {
 public:
   /// Without arguments: no objects, position (0, 0). @{

@@ -96,7 +96,7 @@ enum EventKeyboardAction : int {
 /// A key went down or came up; every object hears it. A held key is one press.
 class EventKeyboard : public Event {
 public:
-  /// Of no key, and nothing done with it.
+  /// Key and action are undefined.
   EventKeyboard();
 
   /// Which key it is. @{

@@ -34,7 +34,7 @@ enum EventMouseAction : int {
 /// it.
 class EventMouse : public Event {
 public:
-  /// Of no button, at (0, 0), and nothing done.
+  /// Button and action are undefined, the position is (0, 0).
   EventMouse();
 
   /// Which button it is. @{

@@ -11,7 +11,7 @@ inline const std::string OUT_EVENT = "gw::out";
 /// world to outside.
 class EventOut : public Event {
 public:
-  /// Has nothing to tell but its type.
+  /// Has no fields of its own.
   EventOut();
 };
 

@@ -10,7 +10,7 @@ inline const std::string STEP_EVENT = "gw::step";
 /// Opens every step of the game loop; every object hears it.
 class EventStep : public Event {
 public:
-  /// Of the first step, or of the one after `init_step_count` steps. @{
+  /// Without an argument: the count is 0. @{
   EventStep() : EventStep(0) {}
   explicit EventStep(int init_step_count); ///@}
 

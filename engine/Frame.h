@@ -7,10 +7,10 @@
 
 namespace gw {
 
-/// One rectangular picture of characters; a plain value. The character of row r
-/// and column c is `frame_str[r * width + c]`; an empty string marks an empty
-/// frame. Nothing is checked here: sprites take frames of one size only, and the
-/// resource manager checks every row that it reads.
+/// One rectangular picture of characters; a plain value. The character of row r and
+/// column c is number r * width + c of the string; an empty string is an empty frame.
+/// Nothing is checked here: the resource manager checks every row that it reads, and
+/// sprites refuse frames of another size.
 class Frame {
 public:
   /// Without arguments: empty. @{

@@ -10,8 +10,8 @@ namespace gw {
 /// steps: changing this changes the game's pace as a whole.
 constexpr int FRAME_TIME_DEFAULT = 33;
 
-/// As `runStep`'s lateness: more than a step can make up for, so that it never sleeps.
-constexpr long long NEVER_SLEEP = 1LL << 40; // microseconds
+/// Given to `runStep` as lateness, the step does not sleep (microseconds).
+constexpr long long NEVER_SLEEP = 1LL << 40;
 
 /// The top of the engine: starts and stops the other managers, and runs the game
 /// loop on the calling thread until something sets the game-over flag.
@@ -20,11 +20,11 @@ public:
   /// The only one.
   static GameManager &getInstance();
 
-  /// Starts log, display, input, resources and world, in this order. A manager
-  /// that fails reports it itself and is done without, except for the window:
-  /// without one there is no game.
-  /// @return 0, also when already started; -1 without a window. The log then
-  /// stays open for what the caller has to say, until the process ends.
+  /// Starts log, display, input, resources and world, in this order. A manager that
+  /// cannot start says so in the log, and the game goes on without it. Only without a
+  /// window there is no game.
+  /// @return 0, also when already started; -1 without a window. The log then stays open
+  /// until the process ends, so that the caller can write to it.
   int startUp() override;
 
   /// Starts log, resources and world only: no window is opened, nothing is heard, and
@@ -41,10 +41,9 @@ public:
 
   /// One step: the step event, input, the world's update and drawing, the frame,
   /// and sleep for what is left of the step's time.
-  /// @param adjust_time lateness to be made up for, in microseconds: what the
-  /// step before returned
-  /// @return lateness carried into the next step, in microseconds, never
-  /// negative
+  /// @param adjust_time by how much the steps so far are late, in microseconds: what the
+  /// step before returned. This one sleeps less to make up for it.
+  /// @return by how much they are late now, in microseconds; never negative
   long long runStep(long long adjust_time);
 
   /// Whether `run` ends with the current step. @{

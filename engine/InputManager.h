@@ -13,9 +13,8 @@ class Event;
 
 namespace gw {
 
-/// Turns the window's input into engine events. Everything is driven by events:
-/// the state of keys and buttons is never asked for. Starts after the display
-/// manager and stops before it.
+/// Turns the window's input into events, which every object hears. Keys and buttons are
+/// never polled. Starts after the display manager and stops before it.
 class InputManager : public Manager {
 public:
   /// The only one.
@@ -39,10 +38,10 @@ public:
   /// For demos, replays and tests.
   void postEvent(const sf::Event &event) const;
 
-  /// The engine's key or button for one of the window library's; undefined for
-  /// those that the engine does not know, whatever the code. A key that has no code on
-  /// the user's keyboard layout, as letters of other scripts, counts as the key at its
-  /// place on a US keyboard when it is pressed or released. @{
+  /// The engine's key or button for one of the window library's; undefined for all
+  /// others, whatever the number. (A pressed or released key without a code, as on a
+  /// keyboard layout of another script, counts as the key at its place on a US
+  /// keyboard.) @{
   Keyboard::Key mapSFMLKeyToGlidewingKey(sf::Keyboard::Key key) const;
   Mouse::Button mapSFMLButtonToGlidewingButton(sf::Mouse::Button button) const; ///@}
 

@@ -28,38 +28,38 @@ inline const std::string LOGFILE_NAME = "glidewing.log";
 enum LogLevel : int {
   CRITICAL = 0, ///< the program cannot go on
   ERROR = 1,    ///< something failed
-  WARNING = 2,  ///< something was refused, or done without
-  INFO = 3,     ///< what happens
-  DEBUG = 4,    ///< for whoever looks for a fault
+  WARNING = 2,  ///< something was refused, or is missing and not needed
+  INFO = 3,     ///< what the program does
+  DEBUG = 4,    ///< details, for finding faults
   ALL = 5,      ///< messages written without a level; left out unless asked for
 };
 
-/// Writes the diagnostic lines of engine and game, each with the time of day
-/// and its level. Started first and stopped last by the game manager, so that
-/// everybody else can report. While it is not started, and when the file cannot take
-/// a line (a full disk), a write goes to the standard error stream with an explanation.
+/// Writes the log: lines of engine and game, each with the time of day and its level.
+/// The game manager starts it first and stops it last, so that all others can write.
+/// While it is not started, and when the file cannot take a line (a full disk), the line
+/// goes to the standard error stream with an explanation.
 class LogManager : public Manager {
 public:
   /// The only one.
   static LogManager &getInstance();
 
-  /// Closes the file, where nobody shut the log down.
+  /// Closes the file, if the log was not shut down.
   ~LogManager() override;
 
-  /// Opens (and empties) the log file. @return 0, also when already started;
-  /// -1 without a word when the file cannot be opened, or is no regular file (a
-  /// pipe, a device). A line on the standard error stream tells where the log is when
-  /// another copy of the program has its name.
+  /// Opens (and empties) the log file. When another copy of the program has it, a line on
+  /// the standard error stream tells the name of this one's.
+  /// @return 0, also when already started; -1, silently, when the file cannot be opened
+  /// or is not a regular file (a pipe, a device)
   int startUp() override;
 
   /// Writes the file's last line and closes it.
   void shutDown() override;
 
-  /// With flushing on, a line has reached the operating system when the call
-  /// that wrote it returns: it survives the death of the process.
+  /// With flushing on, each line reaches the operating system before the call that
+  /// writes it returns: it survives the death of the process. Off unless set.
   void setFlush(bool new_do_flush) { do_flush = new_do_flush; }
 
-  /// Lines above this level are left out. @{
+  /// Lines with a greater level than this are left out; `DEBUG` unless set. @{
   void setLogLevel(LogLevel level) { log_level = level; }
   LogLevel getLogLevel() const { return log_level; } ///@}
 

@@ -6,10 +6,9 @@ namespace gw {
 
 class Event;
 
-/// Base of the engine's six singletons: a type name for the log, whether it is
-/// started, and the one way in which the engine delivers an event to everybody.
-/// The game manager starts and stops the others; a derived manager calls the
-/// base `startUp`/`shutDown` once its own work is done.
+/// Base of the engine's six singletons: a name, whether the manager is started, and the
+/// delivery of events to all objects. The game manager starts and stops the others. A
+/// derived manager calls the base's `startUp` and `shutDown` when its own work is done.
 class Manager {
 public:
   Manager() = default;
@@ -26,7 +25,7 @@ public:
   /// Between a start-up that succeeded and the shut-down.
   bool isStarted() const { return is_started; }
 
-  /// The name that the log has for it. @{
+  /// The manager's name. @{
   void setType(std::string new_type) { type = new_type; }
   std::string getType() const { return type; } ///@}
 

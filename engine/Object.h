@@ -45,11 +45,11 @@ public:
   /// @return 0, or -1 when it could not (no sprite)
   virtual int draw();
 
-  /// Unique in the process unless set by hand: 0, 1, 2 … in order of creation. @{
+  /// 0, 1, 2 ... in order of creation: unique in the process, unless set by hand. @{
   void setId(int new_id) { id = new_id; }
   int getId() const { return id; } ///@}
 
-  /// The name by which others look for objects of this kind. @{
+  /// The kind of object, by which others look for it (`getAllObjectsOfType`). @{
   void setType(std::string new_type) { type = new_type; }
   std::string getType() const { return type; } ///@}
 
@@ -72,10 +72,11 @@ public:
   /// Where the object will be after one step if nothing stops it.
   Vector predictPosition() const;
 
-  /// Whether collisions concern it at all: not those that `IGNORE` them.
+  /// Whether it takes part in collisions: its response is not `IGNORE`.
   bool registersCollisions() const { return collision_response != IGNORE; }
 
-  /// @return 0, or -1 for a value that is none (nothing changes) @{
+  /// What happens in collisions.
+  /// @return 0, or -1 for a number that is no response (nothing changes) @{
   int setCollisionResponse(CollisionResponse new_response);
   CollisionResponse getCollisionResponse() const { return collision_response; } ///@}
 

@@ -10,12 +10,12 @@ class Object;
 /// line goes to the standard error stream and the process ends with status 1.
 class ObjectList {
 public:
-  /// Empty, or with the same entries. @{
+  /// Empty, or a copy. @{
   ObjectList();
   ObjectList(const ObjectList &other);
   ObjectList &operator=(const ObjectList &other); ///@}
 
-  /// The objects stay.
+  /// Releases the storage; the objects are not touched.
   ~ObjectList();
 
   /// Entries in the list. @{

@@ -20,15 +20,15 @@ constexpr int MAX_MUSICS = 50; ///@}
 /// Loads sprites, sounds and music and hands them out by label. Owns all of them
 /// until it is shut down or told to unload one; what it hands out is borrowed.
 /// Labels are compared exactly and need not be unique: the first loaded is found.
-/// A resource that cannot be loaded is never fatal: the log says why, and whoever
+/// A resource that cannot be loaded is no reason to stop: the log says why, and whoever
 /// asks for it gets null.
 class ResourceManager : public Manager {
 public:
   /// The only one.
   static ResourceManager &getInstance();
 
-  /// Begins without sprites: those that were loaded before are deleted. Sounds and
-  /// music stay. @return 0, also when already started (then nothing changes)
+  /// Deletes sprites that were loaded before; sounds and music stay.
+  /// @return 0, also when already started (then nothing changes)
   int startUp() override;
 
   /// Stops and releases everything. No object may show a sprite any more.
@@ -40,8 +40,9 @@ public:
   /// is added then
   int loadSprite(std::string filename, std::string label);
 
-  /// Whether loading a sprite of that label was tried since start-up and has failed the
-  /// last time: whoever loads on demand need not read a bad file again and again.
+  /// Whether the last try to load a sprite of that label has failed. False when there was
+  /// none since start-up. For those who load on demand, and would read a bad file again
+  /// and again.
   bool hasSpriteFailed(const std::string &label) const;
 
   /// Deletes the sprite. No object may show it any more.

@@ -13,7 +13,7 @@ namespace gw {
 /// them out; objects that share a sprite animate independently (Animation).
 class Sprite {
 public:
-  /// @param max_frames capacity; below 1 there is room for none
+  /// @param max_frames how many frames there is room for; below 1, none
   explicit Sprite(int max_frames);
 
   Sprite(const Sprite &) = delete;

@@ -2,9 +2,9 @@
 
 namespace gw {
 
-/// A pair of floats: a position in cells (x to the right, y downward from the
-/// top-left corner of the display), a direction, or a velocity in cells per
-/// step. A plain value; positions may lie between cells.
+/// A pair of floats: a position in cells (x to the right, y downward, from the top-left
+/// corner of the display), a direction, or a velocity in cells per step. A plain value.
+/// Positions may lie between cells.
 class Vector {
 public:
   /// Without arguments: (0, 0). @{

@@ -18,8 +18,8 @@ class Object;
 /// `DisplayManager::getHorizontal()` and 0 to `getVertical()` cells, both ends
 /// included; objects may leave it and go on outside.
 ///
-/// Handlers may create, mark, move or resize objects at any time: deletions wait
-/// for the next update, and every loop copes with new objects.
+/// Handlers may create, mark, move or resize objects at any time; only deletion waits for
+/// the next update.
 class WorldManager : public Manager {
 public:
   /// The only one.
@@ -28,7 +28,8 @@ public:
   /// @return 0. Objects that exist already stay.
   int startUp() override;
 
-  /// Deletes all objects, those that destructors create meanwhile as well.
+  /// Deletes all objects, also those that destructors create meanwhile. Gives up with an
+  /// ERROR where these create new ones without end.
   void shutDown() override;
 
   /// A copy of the list of all objects, in list order.

@@ -3,7 +3,7 @@
 #include "Object.h"
 
 /// The player's pin: follows the mouse, and looks pressed and clicks with the left
-/// button. What a press pins is the insects' business.
+/// button. The insects themselves find out whether a press hits them.
 class Cursor : public gw::Object {
 public:
   static constexpr const char *TYPE = "Cursor";

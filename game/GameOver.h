@@ -2,10 +2,10 @@
 
 #include "Object.h"
 
-/// Ends a game in two stages. At once play stops: the cursor, the spawners, the
-/// sequence and every insect that is not on the board go. When the picture has
-/// played through once, the rest goes, and the start menu comes back. Created by
-/// the pin board when its last slot is filled.
+/// Ends a game in two stages. First the cursor, the spawners, the sequence and every
+/// insect that is not on the board go. When the picture has played through once, the rest
+/// goes, and the start menu comes back. Created by the pin board when its last slot is
+/// filled.
 class GameOver : public gw::Object {
 public:
   static constexpr const char *TYPE = "GameOver";

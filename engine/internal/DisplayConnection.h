@@ -2,14 +2,14 @@
 
 namespace gw {
 
-/// A connection of our own to the display server, to look before the window
-/// library leaps: without a server, or without OpenGL on it, that library aborts
-/// the process. To be held while a window is being opened: a server without
-/// clients may restart itself and refuse the next one. Where windows do not come
-/// from such a server (X11), all is well.
+/// A connection of our own to the display server (X11). The window library aborts the
+/// process without a server, or without OpenGL on it, so the display manager checks for
+/// both first. Keep this object until the window is open: a server without clients may
+/// restart itself and refuse the next one. On platforms without such a server, the check
+/// always succeeds.
 class DisplayConnection {
 public:
-  /// Connects; whether it worked is for `canOpenWindow` to say.
+  /// Connects. `canOpenWindow` tells whether it worked.
   DisplayConnection();
 
   /// Disconnects.
@@ -25,11 +25,10 @@ private:
   void *p_server = nullptr; ///< the X library's; owned, null without a server
 };
 
-/// From now on the loss of the display server ends the process with status 1,
-/// after one line in the log (ERROR) and one on the standard error stream. So does the
-/// server's refusal to show the window, as when somebody else destroyed it or the
-/// screen has too few colours. Nothing else is tidied up: every library that could do
-/// it would want the server.
+/// From now on the process ends with status 1 when the display server is lost, or when
+/// it refuses to show the window (somebody destroyed it; the screen has too few colours).
+/// One line goes to the log (ERROR) and one to the standard error stream. Nothing is shut
+/// down: the libraries would need the server for that.
 void endProcessOnDisplayLoss();
 
 } // namespace gw

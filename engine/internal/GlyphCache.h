@@ -21,7 +21,8 @@ class GlyphCache {
 public:
   /// A character on whole pixels.
   struct Stamp {
-    sf::Color color, background;
+    sf::Color color;                   ///< of the ink
+    sf::Color background;              ///< of the cell
     std::vector<std::uint32_t> pixels; ///< of the cell, row by row (Pixel.h)
     /// A pixel outside the cell.
     struct Overhang {

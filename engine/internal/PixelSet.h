@@ -8,8 +8,8 @@
 
 namespace gw {
 
-/// A set of the pixels of a picture, one bit each. Areas are in pixels; what lies
-/// outside the picture is ignored.
+/// A set of pixels of a picture, one bit each. Areas are in pixels; what lies outside the
+/// picture is ignored.
 class PixelSet {
 public:
   /// Empty, for a picture of that size.
@@ -29,11 +29,10 @@ private:
   template <class Visit> void forEachColumn(sf::IntRect area, Visit visit) const;
 
   sf::Vector2i size;
-  bool is_empty = true; ///< for certain
+  bool is_empty = true; ///< false: may hold pixels, or not
 
-  /// 64 pixels of a row in a word; below it in the picture, next to it in memory: an
-  /// area's words are then few runs, and asking about it takes half the time that it
-  /// takes with words row by row.
+  /// A word holds 64 pixels of a row. The next word in memory is the one below it in the
+  /// picture, so that the words of an area are few runs.
   std::vector<std::uint64_t> words;
 };
 

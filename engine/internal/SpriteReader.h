@@ -7,12 +7,11 @@
 
 namespace gw {
 
-/// Reads one sprite file in the text format of docs/sprite-format.md: the
-/// resource manager's half that knows the format; tools use it as well. Memory is
-/// bounded by the size of the file, whatever its numbers claim.
+/// Reads one sprite file (docs/sprite-format.md), for the resource manager and for tools.
+/// Takes no more memory than the file is large, whatever its numbers claim.
 /// @param file open for reading, at its start
-/// @return the sprite, without a label; null with ERRORs that tell the line, what
-/// was expected there, and the line itself (its first 200 characters, if it is longer)
+/// @return the sprite, without a label; null for a malformed file, with ERRORs that tell
+/// the number of the line, what was expected, and the line itself (`shortened`)
 std::unique_ptr<Sprite> readSprite(std::istream &file);
 
 } // namespace gw

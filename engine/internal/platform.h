@@ -7,8 +7,8 @@
 #include <string>
 
 /// @def GW_IS_SFML_3_0
-/// Whether the library is 3.0, which lacks and does differently some of what came with
-/// 3.1; 1 or 0.
+/// 1 with SFML 3.0, which lacks some of what we use and does some of it differently;
+/// 0 with later versions.
 #if SFML_VERSION_MAJOR == 3 && SFML_VERSION_MINOR == 0
 #define GW_IS_SFML_3_0 1
 #else
@@ -18,29 +18,27 @@
 namespace gw {
 
 /// @file
-/// What standard C++ has no way for, once for each platform, and the versions of SFML:
-/// nothing else in the engine asks which ones it is on, but for the connection to the
-/// display.
+/// What standard C++ cannot do, for each platform. Only this file, its source and the
+/// connection to the display depend on the platform or on the version of SFML.
 
-/// To be called before any file is opened and kept open. Where the program was started
-/// with a standard stream closed, the next file would get that stream's place, and all
-/// that is printed. This keeps the place: what is printed there fails, as it should.
+/// Call it before the first file is opened. When a program is started with a standard
+/// stream closed, the next file that it opens takes the stream's place, and what is
+/// printed lands in that file. This occupies the place, so that printing fails instead.
 void keepStandardStreams();
 
-/// Calendar time as the local clock on the wall shows it; all zero when the platform
-/// cannot tell.
+/// The local calendar time; all zero when the platform cannot tell.
 std::tm toLocalTime(std::time_t time);
 
-/// Suspends the thread once. An interruption ends the sleep early.
+/// Suspends the thread. A signal ends the sleep early.
 /// @param microseconds positive, below one second
 void sleepFor(long long microseconds);
 
-/// Creates or empties a file and opens it for reading and writing, for this process
-/// alone: until it is closed, the next one to ask finds it taken. Only a regular file is
-/// opened; a pipe could block for ever. Where the file system knows no locks, nobody is
-/// kept out.
-/// @param is_taken set to whether another process has it
-/// @return null when it is taken or cannot be opened; then it is as it was
+/// Creates or empties a file and opens it for reading and writing. Until it is closed,
+/// every other process that calls this finds it taken, unless the file system has no
+/// locks. Only a regular file is opened; a pipe could block for ever.
+/// @param is_taken set to whether another process has the file
+/// @return the file, the caller's to close; null when it is taken or cannot be opened,
+/// and then it is unchanged
 std::FILE *openExclusively(const std::string &filename, bool &is_taken);
 
 } // namespace gw
