@@ -55,10 +55,10 @@ bool readOptions(int argc, char **argv, Options &options, int &status) {
   });
   long long steps = *options.steps;
   std::string profile = "skilled";
-  std::vector<std::string> names;
+  std::vector<std::string> names = {"human"};
+  names.reserve(1 + PROFILES.size());
   for (const NamedProfile &named : PROFILES)
     names.emplace_back(named.name);
-  names.emplace_back("human");
   bool headless = false;
   app.add_option("--seed", options.seed, "of the game and of the player")
       ->capture_default_str();

@@ -22,7 +22,7 @@ constexpr Color COLOR_DEFAULT = WHITE;
 
 /// What there is to know about a colour.
 struct ColorDefinition {
-  const char *name;       ///< in sprite files, and in lines of the log
+  const char *name = "";  ///< in sprite files, and in lines of the log
   std::uint8_t red = 0;   ///< 0 to 255
   std::uint8_t green = 0; ///< 0 to 255
   std::uint8_t blue = 0;  ///< 0 to 255

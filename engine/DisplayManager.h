@@ -58,6 +58,9 @@ public:
   /// The only one.
   static DisplayManager &getInstance();
 
+  /// Closes no window: see `shutDown`.
+  ~DisplayManager() override;
+
   /// Opens the window, hides the mouse pointer, loads the font.
   /// @return 0, also when already started; -1 with an ERROR when the window
   /// cannot be opened (a line on the standard error stream says what to do), and
@@ -121,7 +124,6 @@ public:
 
 private:
   DisplayManager();
-  ~DisplayManager() override;
 
   bool openWindow();
   bool loadFont();

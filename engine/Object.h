@@ -111,7 +111,9 @@ private:
   int altitude = 2;
   Animation animation;
   Box box{Vector(-0.5f, -0.5f), 1, 1};
-  int world_index = -1; ///< the world's: in its list of objects; -1 when not in there
+  // The world's:
+  int world_index = -1;   ///< in its list of objects; -1 when not in there
+  bool is_marked = false; ///< for deletion
 };
 
 } // namespace gw

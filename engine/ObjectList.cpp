@@ -9,74 +9,100 @@
 
 namespace gw {
 
-namespace {
-
-/// `storage` resized to room for `capacity` pointers; null gives fresh storage.
-/// Ends the process when there is no memory, without running destructors: they
-/// might want some, too.
-Object **resize(Object **storage, int capacity) {
-  // NOLINTNEXTLINE(bugprone-sizeof-expression): pointers are what it holds
-  const std::size_t bytes = static_cast<std::size_t>(capacity) * sizeof(Object *);
-  auto *resized = static_cast<Object **>(std::realloc(storage, bytes));
-  if (!resized) {
-    std::fprintf(stderr, "Error calling malloc(): %s\n", std::strerror(errno));
-    std::fflush(nullptr);
-    std::_Exit(1);
-  }
-  return resized;
-}
-
-} // namespace
-
-ObjectList::ObjectList() : list(resize(nullptr, max_count)) {
-}
+/// What stands in front of the entries in memory.
+struct ObjectList::Storage {
+  std::size_t owners; ///< lists that have these entries
+};
 
 ObjectList::ObjectList(const ObjectList &other)
-    : count(other.count), max_count(other.max_count), list(resize(nullptr, max_count)) {
-  std::copy_n(other.list, count, list);
+    : count(other.count), max_count(other.max_count), p_storage(other.p_storage),
+      list(other.list) {
+  if (p_storage)
+    p_storage->owners++;
 }
 
 ObjectList &ObjectList::operator=(const ObjectList &other) {
-  if (this != &other) {
-    std::free(list);
-    count = other.count;
-    max_count = other.max_count;
-    list = resize(nullptr, max_count);
-    std::copy_n(other.list, count, list);
-  }
+  if (this == &other)
+    return *this;
+  if (other.p_storage)
+    other.p_storage->owners++; // first: the two may have it in common
+  release();
+  count = other.count;
+  max_count = other.max_count;
+  p_storage = other.p_storage;
+  list = other.list;
   return *this;
 }
 
 ObjectList::~ObjectList() {
-  std::free(list);
+  release();
 }
 
 bool ObjectList::contains(const Object *p_o) const {
   return std::find(list, list + count, p_o) != list + count;
 }
 
-Object *ObjectList::operator[](int index) const {
-  if (index < 0 || index >= count)
-    throw std::out_of_range("Invalid index.");
-  return list[index];
-}
-
 int ObjectList::insert(Object *p_o) {
-  if (isFull()) {
-    list = resize(list, 2 * max_count);
-    max_count *= 2;
-  }
+  own(isFull() ? 2 * max_count : max_count);
   list[count++] = p_o;
   return 0;
 }
 
 int ObjectList::remove(Object *p_o) {
-  Object **const end = list + count;
-  Object **const found = std::find(list, end, p_o);
-  if (found == end)
+  return removeAt(static_cast<int>(std::find(list, list + count, p_o) - list));
+}
+
+int ObjectList::removeAt(int index) {
+  if (index < 0 || index >= count)
     return -1;
-  *found = list[--count];
+  own(max_count);
+  list[index] = list[--count];
   return 0;
+}
+
+void ObjectList::clear() {
+  count = 0;
+  if (p_storage && p_storage->owners > 1)
+    release();
+}
+
+void ObjectList::refuseIndex() {
+  throw std::out_of_range("Invalid index.");
+}
+
+/// Before a change: has the list be the only owner of its entries, with room for
+/// `capacity` pointers. Ends the process when there is no memory, without running
+/// destructors: they might want some, too.
+void ObjectList::own(int capacity) {
+  const bool is_shared = p_storage && p_storage->owners > 1;
+  if (p_storage && !is_shared && capacity == max_count)
+    return;
+  // NOLINTNEXTLINE(bugprone-sizeof-expression): pointers are what it holds
+  const std::size_t entry_bytes = sizeof(Object *) * static_cast<std::size_t>(capacity);
+  auto *p_owned = static_cast<Storage *>(
+      std::realloc(is_shared ? nullptr : p_storage, sizeof(Storage) + entry_bytes));
+  if (!p_owned) {
+    std::fprintf(stderr, "Error calling malloc(): %s\n", std::strerror(errno));
+    std::fflush(nullptr);
+    std::_Exit(1);
+  }
+  auto **owned_list = reinterpret_cast<Object **>(p_owned + 1);
+  if (is_shared) {
+    std::copy_n(list, count, owned_list);
+    release();
+  }
+  p_owned->owners = 1;
+  max_count = capacity;
+  p_storage = p_owned;
+  list = owned_list;
+}
+
+/// Leaves the entries to the other owners, if there are any.
+void ObjectList::release() {
+  if (p_storage && --p_storage->owners == 0)
+    std::free(p_storage);
+  p_storage = nullptr;
+  list = nullptr;
 }
 
 } // namespace gw

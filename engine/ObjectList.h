@@ -4,14 +4,15 @@ namespace gw {
 
 class Object;
 
-/// A growable array of object pointers: the world's own lists and the answer to
-/// every query. Copies are independent of each other; the objects are never
-/// owned. Iterate by index from 0 to `getCount()` - 1. When memory runs out, one
-/// line goes to the standard error stream and the process ends with status 1.
+/// A growable array of object pointers: the world's own lists and the answer to every
+/// query. Copies are independent of each other, and cheap: entries are only copied when
+/// one of two lists that have them in common changes. The objects are never owned.
+/// Iterate by index from 0 to `getCount()` - 1. When memory runs out, one line goes to
+/// the standard error stream and the process ends with status 1. For one thread only.
 class ObjectList {
 public:
   /// Empty, or a copy. @{
-  ObjectList();
+  ObjectList() = default;
   ObjectList(const ObjectList &other);
   ObjectList &operator=(const ObjectList &other); ///@}
 
@@ -30,7 +31,11 @@ public:
 
   /// The entry at `index`, 0 up to but not including `getCount()`. Anything
   /// else throws std::out_of_range, "Invalid index.".
-  Object *operator[](int index) const;
+  Object *operator[](int index) const {
+    if (index < 0 || index >= count)
+      refuseIndex();
+    return list[index];
+  }
 
   /// Appends; the same pointer may be in the list more than once. @return 0
   int insert(Object *p_o);
@@ -39,13 +44,24 @@ public:
   /// order of the others changes. @return 0, or -1 when it is not in the list
   int remove(Object *p_o);
 
-  /// Forgets all entries and keeps the storage.
-  void clear() { count = 0; }
+  /// The same for the entry at `index`, 0 up to but not including `getCount()`.
+  /// @return 0, or -1 for any other index
+  int removeAt(int index);
+
+  /// Forgets all entries and keeps the capacity.
+  void clear();
 
 private:
+  struct Storage;
+
+  [[noreturn]] static void refuseIndex();
+  void own(int capacity);
+  void release();
+
   int count = 0;
   int max_count = 1;
-  Object **list; ///< owned, room for `max_count` pointers
+  Storage *p_storage = nullptr; ///< shared with copies; null before the first insert
+  Object **list = nullptr;      ///< in the storage, room for `max_count` pointers
 };
 
 } // namespace gw

@@ -88,7 +88,7 @@ void WorldManager::shutDown() {
 ObjectList WorldManager::getAllObjectsOfType(std::string wanted_type) {
   ObjectList found;
   for (int i = 0; i < updates.getCount(); i++)
-    if (updates[i]->getType() == wanted_type)
+    if (updates[i]->type == wanted_type) // in place: `getType` copies it
       found.insert(updates[i]);
   return found;
 }
@@ -103,7 +103,7 @@ ObjectList WorldManager::getCollisions(const Object *p_o, Vector where) {
 }
 
 bool WorldManager::isMarkedForDelete(const Object *p_o) const {
-  return deletions.contains(p_o);
+  return p_o && p_o->is_marked;
 }
 
 int WorldManager::insertObject(Object *p_o) {
@@ -123,7 +123,7 @@ int WorldManager::removeObject(Object *p_o) {
     return -1;
   GW_ASSERT(index < updates.getCount() && updates[index] == p_o,
             "an object is taken out of the world that is not where it should be");
-  updates.remove(p_o);
+  updates.removeAt(index);
   p_grid->remove(index);
   if (index < updates.getCount()) // the last one is there now
     updates[index]->world_index = index;
@@ -137,9 +137,10 @@ void WorldManager::updateCollisions(const Object *p_o) {
 }
 
 int WorldManager::markForDelete(Object *p_o) {
-  GW_ASSERT(p_o, "a null object is marked for deletion");
-  if (!deletions.contains(p_o))
-    deletions.insert(p_o);
+  if (!p_o || p_o->is_marked)
+    return 0;
+  p_o->is_marked = true;
+  deletions.insert(p_o);
   return 0;
 }
 
@@ -173,15 +174,12 @@ void WorldManager::draw() {
         updates[i]->draw();
 }
 
-/// What a destructor marks meanwhile stays marked and goes in the next update. A
-/// mark is taken back as soon as its object is gone, because the next object may
-/// get the same address.
+/// What a destructor marks meanwhile goes in the next update.
 void WorldManager::deleteMarkedObjects() {
   const ObjectList marked = deletions;
-  for (int i = 0; i < marked.getCount(); i++) {
+  deletions.clear();
+  for (int i = 0; i < marked.getCount(); i++)
     delete marked[i];
-    deletions.remove(marked[i]);
-  }
 }
 
 } // namespace gw

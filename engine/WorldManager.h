@@ -25,6 +25,9 @@ public:
   /// The only one.
   static WorldManager &getInstance();
 
+  /// Deletes no objects: see `shutDown`.
+  ~WorldManager() override;
+
   /// @return 0. Objects that exist already stay.
   int startUp() override;
 
@@ -42,11 +45,11 @@ public:
   /// would touch if it were at `where`, in list order.
   ObjectList getCollisions(const Object *p_o, Vector where);
 
-  /// Whether the object will be deleted in the next update.
+  /// Whether the object, which still exists, was marked for deletion. False for null.
   bool isMarkedForDelete(const Object *p_o) const;
 
-  /// Marks the object for deletion in the next update. Until then it still
-  /// hears events and is drawn. Marking twice is harmless. @return 0
+  /// Marks the object for deletion in the next update. Until then it still hears events
+  /// and is drawn. Marking twice is harmless, and so is null. @return 0
   int markForDelete(Object *p_o);
 
   /// Moves the object to `where` (cells) unless something blocks it: first every
@@ -67,7 +70,6 @@ private:
   friend class Object;
 
   WorldManager();
-  ~WorldManager() override;
 
   /// Called by an object's constructor and destructor: puts it at the end of the list
   /// (unless it is there already), and takes it out (the last object moves into its
