@@ -5,10 +5,8 @@
 #include "DisplayManager.h"
 #include "EventKeyboard.h"
 #include "EventPin.h"
-#include "EventStep.h"
 #include "GameManager.h"
 #include "Glidewing.h"
-#include "InputManager.h"
 #include "LogManager.h"
 #include "Random.h"
 #include "Screen.h"
@@ -78,48 +76,20 @@ void startBusyGame() {
   }
 }
 
-/// Times a step of the game loop, all but its sleep; when it is not shown, then without
-/// input, and what was drawn is shown before the next step, untimed.
-void timePlay(benchmark::State &state, bool is_shown) {
-  gw::WorldManager &world = gw::WorldManager::getInstance();
-  gw::DisplayManager &display = gw::DisplayManager::getInstance();
-  startBusyGame();
-  int step_count = 0;
-  const auto step = [&] {
-    const gw::EventStep event(step_count++);
-    world.onEvent(&event);
-    if (is_shown)
-      gw::InputManager::getInstance().getInput();
-    world.update();
-    world.draw();
-    if (is_shown)
-      display.swapBuffers();
-  };
-  const auto prepare = [&] {
-    if (!is_shown)
-      display.swapBuffers();
-    keepFlying();
-  };
-  bench::timeSteps(state, step, prepare);
-  state.counters["objects"] = world.getAllObjects().getCount();
-}
-
+/// A step of the game loop, all but its sleep.
 void Step(benchmark::State &state) {
-  timePlay(state, true);
+  startBusyGame();
+  bench::timeSteps(
+      state, [] { gw::GameManager::getInstance().runStep(gw::NEVER_SLEEP); }, keepFlying);
+  state.counters["objects"] = gw::WorldManager::getInstance().getAllObjects().getCount();
 }
 BENCHMARK(Step)->UseManualTime();
 
-/// Draws into a window, which collects what would be shown.
-void StepUnshown(benchmark::State &state) {
-  timePlay(state, false);
-}
-BENCHMARK(StepUnshown)->UseManualTime();
-
-/// Draws without a window, as a game does that runs headless: nothing is collected.
+/// The same without a window, as a game that runs headless: nothing is collected.
 void StepHeadless(benchmark::State &state) {
   gw::DisplayManager &display = gw::DisplayManager::getInstance();
   display.shutDown();
-  timePlay(state, false);
+  Step(state);
   display.startUp();
 }
 BENCHMARK(StepHeadless)->UseManualTime();

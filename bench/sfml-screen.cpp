@@ -1,17 +1,26 @@
-/// The plain way to draw text art with SFML: a rectangle and a text for every cell.
-/// Started by bench/table.py in the run directory; needs a display.
+/// What SFML alone takes for a frame: the plain way to draw text art, and the least that
+/// anything takes. Started by bench/table.py in the run directory; needs a display.
 
 #include "Screen.h"
 #include "timeSteps.h"
 
 #include <SFML/Graphics.hpp>
 
+#include <cstdint>
+#include <vector>
+
 namespace {
 
+sf::RenderWindow openWindow() {
+  return sf::RenderWindow(sf::VideoMode({bench::COLUMNS * bench::CELL_WIDTH,
+                                         bench::ROWS * bench::CELL_HEIGHT}),
+                          "sfml-screen");
+}
+
+/// The plain way to draw text art: a rectangle and a text for every cell.
 void FullScreen(benchmark::State &state) {
   using namespace bench;
-  sf::RenderWindow window(sf::VideoMode({COLUMNS * CELL_WIDTH, ROWS * CELL_HEIGHT}),
-                          "sfml-screen");
+  sf::RenderWindow window = openWindow();
   const sf::Font font("gw-font.ttf");
   // The kinder way: a new text for every cell takes several times as long.
   sf::RectangleShape background({CELL_WIDTH, CELL_HEIGHT});
@@ -41,6 +50,32 @@ void FullScreen(benchmark::State &state) {
   timeSteps(state, draw_frame);
 }
 BENCHMARK(FullScreen)->UseManualTime();
+
+/// Nothing but clearing and showing.
+void EmptyFrame(benchmark::State &state) {
+  sf::RenderWindow window = openWindow();
+  bench::timeSteps(state, [&window] {
+    window.clear();
+    window.display();
+  });
+}
+BENCHMARK(EmptyFrame)->UseManualTime();
+
+/// The least that shows a full screen of something new: one upload, one rectangle.
+void Picture(benchmark::State &state) {
+  sf::RenderWindow window = openWindow();
+  const sf::Vector2u size = window.getSize();
+  std::vector<std::uint8_t> pixels(std::size_t{4} * size.x * size.y, 255);
+  sf::Texture texture(size);
+  const sf::Sprite sprite(texture);
+  bench::timeSteps(state, [&] {
+    pixels.front()++;
+    texture.update(pixels.data());
+    window.draw(sprite, sf::BlendNone);
+    window.display();
+  });
+}
+BENCHMARK(Picture)->UseManualTime();
 
 } // namespace
 

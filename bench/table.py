@@ -4,7 +4,7 @@ Started by scripts/bench, in the run directory of a build and with a display.
 
     scripts/bench                    all rows
     scripts/bench world memory       these
-    scripts/bench --repetitions 20   more of them; the default is five
+    scripts/bench --repetitions 20   more of them; the default is seven
 
 What is compared is measured within seconds of each other, again in every repetition,
 so that both meet the machine in the same mood: a ratio is that of one repetition.
@@ -116,29 +116,42 @@ def update(count):
     return Loop("glidewing-world", f"Update/{count}")
 
 
+def world(name):
+    return Loop("glidewing-world", name)
+
+
 FULL_SCREEN = Loop("glidewing-screen", "FullScreen")
-SFML_SCREEN = Loop("sfml-screen", "FullScreen")
 LIBTCOD_SCREEN = Loop("libtcod-screen", ".*")
 ROWS = [
     Row("screen", "full screen, every cell new", FULL_SCREEN,
-        "libtcod, {}", LIBTCOD_SCREEN, "1", duration),
+        "libtcod, {}", LIBTCOD_SCREEN, "0.9", duration),
     Row("screen", "full screen, every cell new", FULL_SCREEN,
-        "SFML, cell by cell", SFML_SCREEN, "1/15", duration),
+        "a picture of its size", Loop("sfml-screen", "Picture"), "1.15", duration),
+    Row("screen", "full screen, every cell new", FULL_SCREEN,
+        "SFML, cell by cell", Loop("sfml-screen", "FullScreen"), "1/15", duration),
     Row("play", "step of play, shown", Loop("glidewing-screen", "Step"),
-        "libtcod's full screen, {}", LIBTCOD_SCREEN, "1/3", duration),
-    Row("play", "step of play, drawn but not shown", Loop("glidewing-screen", "StepUnshown"),
-        "Box2D, 35 boxes", Loop("box2d-world", "Step/35"), "1", duration),
+        "an empty frame", Loop("sfml-screen", "EmptyFrame"), "4", duration),
     Row("play", "step of play, without a window", Loop("glidewing-screen", "StepHeadless"),
         "Box2D, 35 boxes", Loop("box2d-world", "Step/35"), "1", duration),
     *(Row("world", f"update of {count:,} objects", update(count),
           f"Box2D, {count:,} boxes", Loop("box2d-world", f"Step/{count}"), "1/2", duration)
       for count in (100, 1000, 10000)),
     Row("world", "update of 10,000 objects", update(10000),
-        "update of 1,000", update(1000), "12", duration),
+        "update of 1,000", update(1000), "11.5", duration),
+    Row("world", "10,000 objects marked and deleted", world("Delete/10000"),
+        "update of 10,000", update(10000), "1", duration),
+    Row("world", "40,000 objects marked and deleted", world("Delete/40000"),
+        "of 10,000", world("Delete/10000"), "5", duration),
+    Row("world", "look-up by type among 10,000", world("FindByType"),
+        "a plain loop", world("FindByTypePlain"), "2", duration),
+    Row("world", "event to 10,000 objects", world("Broadcast"),
+        "a plain loop", world("BroadcastPlain"), "1.5", duration),
+    Row("log", "line of the log, flushed", world("LogLine"),
+        "fprintf and fflush", world("LogLinePlain"), "1.3", duration),
     Row("memory", "10,000 objects with a sprite", Loop("glidewing-world", "Memory", "bytes"),
         "limit", Limit(16e6), "1", megabytes),
     Row("start", "start to first frame and end", Start("glidewing-start"),
-        "SFML, a line of text", Start("sfml-start"), "1.3", duration),
+        "SFML, a line of text", Start("sfml-start"), "1.2", duration),
 ]
 
 
@@ -203,7 +216,7 @@ def main():
         description="Measures the engine beside what one would take instead of it.")
     parser.add_argument("words", nargs="*", metavar="WORD",
                         help=f"choose rows: {', '.join(words)}; all without any")
-    parser.add_argument("--repetitions", type=int, default=5, metavar="N")
+    parser.add_argument("--repetitions", type=int, default=7, metavar="N")
     options = parser.parse_args()
     for word in options.words:
         if word not in words:
