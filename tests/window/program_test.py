@@ -3,7 +3,7 @@
 Usage: program_test.py <tazlet> <staged run directory> <preload library> <close-window>
        [unittest's arguments]
 
-No test depends on how fast a step is; LIMIT only ends those that hang.
+No test depends on how fast a step is.
 """
 
 import os
@@ -11,24 +11,35 @@ import pathlib
 import re
 import subprocess
 import sys
-import tempfile
-import time
 import unittest
 
-TAZLET, STAGED, PRELOAD, CLOSE_WINDOW = (pathlib.Path(argument) for argument in sys.argv[1:5])
-LIMIT = 45  # seconds
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from game_process import Game, display
+
+TAZLET, STAGED, PRELOAD, CLOSE_WINDOW = (
+    pathlib.Path(argument).resolve() for argument in sys.argv[1:5]
+)
 
 # The three insects of the first step of this game are a red glidewing, which is what
 # the first row asks for, a bee and a cyan butterfly, all of them slow.
 SEED = 3963
 SPAWNERS = [(400, 320), (240, 512), (560, 512)]  # pixels
+WANTED, BEE = 0, 1
 
 MANAGERS = ["LogManager", "DisplayManager", "InputManager", "ResourceManager", "WorldManager"]
 STARTED = [f"INFO: {name} is started up." for name in MANAGERS + ["GameManager"]]
 STOPPED = [f"INFO: {name} is shutting down." for name in ["GameManager"] + MANAGERS[::-1]]
-RESOURCES = """NeutralCursor ClickedCursor GameStart GameOver PinBoard Border Spawner Bee
-    Butterfly Glidewing Sequence Score SoldTag GameStart BugSpawn ClickPin PinBug
-    ClearSequence GameOver StartMusic""".split()
+RESOURCES = re.findall(r"(\w+) (\S+)", """NeutralCursor sprites/neutral_cursor.txt
+    ClickedCursor sprites/clicked_cursor.txt  GameStart sprites/game_start.txt
+    GameOver sprites/game_over.txt            PinBoard sprites/pin_board.txt
+    Border sprites/border.txt                 Spawner sprites/spawner.txt
+    Bee sprites/bee.txt                       Butterfly sprites/butterfly.txt
+    Glidewing sprites/glidewing.txt           Sequence sprites/sequence.txt
+    Score sprites/score.txt                   SoldTag sprites/sold_tag.txt
+    GameStart sounds/game_start.wav           BugSpawn sounds/bug_spawn.wav
+    ClickPin sounds/click_pin.wav             PinBug sounds/pin_bug.wav
+    ClearSequence sounds/clear_sequence.wav   GameOver sounds/game_over.wav
+    StartMusic musics/BlippyTrance.mp3""")  # labels and files
 # The slow-down timer has no picture, and there is one in every game: one such line
 # for each step of a game.
 STEP = "WARNING: gw::Animation::draw() - Animation has no sprite. Cannot draw."
@@ -55,47 +66,24 @@ class Program(unittest.TestCase):
     maxDiff = None
 
     def setUp(self):
-        directory = tempfile.TemporaryDirectory(prefix="glidewing-test-")
-        self.addCleanup(directory.cleanup)
-        self.run_dir = pathlib.Path(directory.name)
+        self.game = self.enterContext(Game(TAZLET))
+        self.run_dir, self.log, self.errors = self.game.run_dir, self.game.log, self.game.errors
 
     def start(self, *staged, **environment):
-        """Starts the program with these files of the staged directory. A variable of the
-        environment that is given as None is taken out."""
+        """Starts the program with these files of the staged directory."""
         for name in staged:
             (self.run_dir / name).symlink_to(STAGED / name)
-        environment = {
-            **os.environ,
-            "LD_PRELOAD": str(PRELOAD),
-            "GLIDEWING_TEST_TIME": str(SEED),
-            "PULSE_SERVER": "unix:/nowhere",
-            "ALSA_CONFIG_PATH": os.devnull,
-            **environment,
-        }
-        environment = {name: value for name, value in environment.items() if value is not None}
-        with open(self.run_dir / "stderr", "wb") as stderr:
-            self.process = subprocess.Popen(
-                TAZLET, cwd=self.run_dir, env=environment, stdin=subprocess.DEVNULL, stderr=stderr
-            )
-        self.addCleanup(self.process.wait)
-        self.addCleanup(self.process.kill)
+        usual = {"LD_PRELOAD": str(PRELOAD), "GLIDEWING_TEST_TIME": str(SEED),
+                 "PULSE_SERVER": "unix:/nowhere", "ALSA_CONFIG_PATH": os.devnull}
+        self.game.start(**{**usual, **environment})
 
     def open(self, *staged, **environment):
         """Starts the program and puts the pointer into its window."""
         self.start(*staged, **environment)
         command = ["xdotool", "search", "--onlyvisible", "--name", "^Glidewing$"]
         find = lambda: subprocess.run(command, capture_output=True, text=True).stdout.split()
-        (self.window,) = self.until(find, "window")
+        (self.window,) = self.game.until(find, "window")
         self.act("mousemove", "--window", self.window, "512", "700")
-
-    def until(self, condition, what):
-        """Waits for something that the running program does."""
-        end = time.monotonic() + LIMIT
-        while not (result := condition()):
-            self.assertIsNone(self.process.poll(), f"ended before {what}: {self.errors()}")
-            self.assertLess(time.monotonic(), end, f"no {what}")
-            time.sleep(0.02)
-        return result
 
     def act(self, *arguments):
         subprocess.run(["xdotool", *arguments], check=True)
@@ -122,26 +110,12 @@ class Program(unittest.TestCase):
         """Starts a game and plays a few steps of it."""
         before = self.log().count(STEP)
         self.act("key", "p")
-        self.until(lambda: self.log().count(STEP) > before + 3, "game")
+        self.game.until(lambda: self.log().count(STEP) > before + 3, "game")
         self.press_at_spawners()
 
     def quit(self):
         self.act("key", "q")
-        self.end()
-
-    def end(self, status=0):
-        """Waits for the program's own end."""
-        self.assertEqual(self.process.wait(LIMIT), status, self.errors())
-        self.assertNotRegex(self.errors(), "Sanitizer|runtime error:")
-
-    def log(self):
-        """The lines so far, without time of day and padding."""
-        file = self.run_dir / "glidewing.log"
-        text = file.read_text() if file.exists() else ""
-        return re.sub(r"^\[..:..:..\] +", "", text, flags=re.M).splitlines()
-
-    def errors(self):
-        return (self.run_dir / "stderr").read_text()
+        self.game.end()
 
     def title(self):
         """What the window shows where the title stands, free of border and sale tags."""
@@ -151,26 +125,26 @@ class Program(unittest.TestCase):
 
     def test_two_games_from_the_title_to_q(self):
         self.open("tazlet", "gw-font.ttf")
-        self.until(lambda: lit(self.title()) > 10000, "title")
+        self.game.until(lambda: lit(self.title()) > 10000, "title")
         title = self.title()
         self.act("key", "p")
-        self.chase(0, SOLD)
-        self.chase(1, SLOW)
+        self.chase(WANTED, SOLD)
+        self.chase(BEE, SLOW)
         while OVERFLOW not in self.log():
             self.press_at_spawners()
             self.assertLess(self.log().count(STEP), 3000, "steps without a full board")
         self.act("key", "p")  # does nothing while the game-over picture shows
         self.assertNotEqual(self.title(), title)
-        self.until(lambda: self.title() == title, "title after the game")
+        self.game.until(lambda: self.title() == title, "title after the game")
         first_game = self.log()
         self.play()
         self.quit()
 
         log = [line for line in self.log() if line != NO_SOUND]
         self.assertEqual(log[: len(STARTED)], STARTED)
-        loading = [line for line in log[len(STARTED) :] if " - Loading " in line][: len(RESOURCES)]
-        self.assertEqual(log[len(STARTED) : len(STARTED + RESOURCES)], loading)
-        self.assertEqual([line.split("'")[1] for line in loading], RESOURCES)
+        loading = "\n".join(log[len(STARTED) : len(STARTED + RESOURCES)])
+        loaded = re.findall(r" with label '(\w+)' from file 'tazlet/(\S+)'\.$", loading, re.M)
+        self.assertEqual(loaded, RESOURCES)
         self.assertEqual([line for line in log if line.startswith(("ERROR", "CRITICAL"))], [])
         self.assertEqual(log[-len(STOPPED) :], STOPPED)
 
@@ -192,44 +166,34 @@ class Program(unittest.TestCase):
                 self.open("tazlet", "gw-font.ttf")
                 if steps is not None:
                     self.act("key", "p")
-                    self.until(lambda: self.log().count(STEP) >= steps, "steps")
+                    self.game.until(lambda: self.log().count(STEP) >= steps, "steps")
                 subprocess.run([CLOSE_WINDOW, self.window], check=True)
-                self.end()
+                self.game.end()
                 self.assertEqual(self.log()[-len(STOPPED) :], STOPPED)
 
     def test_without_a_display_it_says_so_in_one_line(self):
-        for display in [None, ":987"]:
-            with self.subTest(display):
-                self.start(DISPLAY=display)
-                self.end(status=1)
+        for name in [None, ":987"]:
+            with self.subTest(name):
+                self.start(DISPLAY=name)
+                self.game.end(status=1)
                 self.assertEqual(self.errors(), NO_WINDOW)
                 self.assertIn("ALL: Error starting GameManager!", self.log())
 
-    def start_server(self, *options):
-        """Starts an X server for this test alone; returns it and its display."""
-        command = ["Xvfb", "-displayfd", "1", "-nolisten", "tcp", *options]
-        server = subprocess.Popen(
-            command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True
-        )
-        for clean_up in [server.wait, server.terminate, server.stdout.close]:
-            self.addCleanup(clean_up)
-        return server, ":" + server.stdout.readline().strip()
-
     def test_without_opengl_it_says_so_in_one_line(self):
-        _, display = self.start_server("-extension", "GLX")
-        self.start(DISPLAY=display)
-        self.end(status=1)
+        _, name = self.enterContext(display("-extension", "GLX"))
+        self.start(DISPLAY=name)
+        self.game.end(status=1)
         self.assertEqual(self.errors(), NO_WINDOW)
 
     def test_losing_the_display_ends_the_program_with_a_line(self):
-        server, display = self.start_server("+extension", "GLX", "-screen", "0", "1280x1024x24")
-        self.start("tazlet", "gw-font.ttf", DISPLAY=display)
-        self.until(lambda: any("'StartMusic'" in line for line in self.log()), "menu")
+        server, name = self.enterContext(display())
+        self.start("tazlet", "gw-font.ttf", DISPLAY=name)
+        self.game.until(lambda: any("'StartMusic'" in line for line in self.log()), "menu")
         server.terminate()
         self.expect_lost_display()
 
     def expect_lost_display(self):
-        self.end(status=1)
+        self.game.end(status=1)
         self.assertEqual(self.log()[-1], "ERROR: The connection to the display was lost.")
         self.assertEqual(self.errors().splitlines()[-1], "The connection to the display was lost.")
 
@@ -239,8 +203,8 @@ class Program(unittest.TestCase):
         self.expect_lost_display()
 
     def test_a_screen_of_too_few_colours_ends_the_program_with_a_line(self):
-        _, display = self.start_server("+extension", "GLX", "-screen", "0", "1280x1024x16")
-        self.start("tazlet", "gw-font.ttf", DISPLAY=display)
+        _, name = self.enterContext(display("-screen", "0", "1280x1024x16"))
+        self.start("tazlet", "gw-font.ttf", DISPLAY=name)
         self.expect_lost_display()
 
     def test_without_a_log_file_it_plays_and_explains(self):
@@ -248,7 +212,7 @@ class Program(unittest.TestCase):
         self.open("tazlet", "gw-font.ttf")
         self.act("key", "p")
         step = UNLOGGED.format(STEP.partition(": ")[2])
-        self.until(lambda: self.errors().count(step) > 3, "game")
+        self.game.until(lambda: self.errors().count(step) > 3, "game")
         self.quit()
         self.assertIn(UNLOGGED.format("DisplayManager is started up."), self.errors())
 
@@ -257,7 +221,7 @@ class Program(unittest.TestCase):
         file = self.run_dir / "asound.conf"
         file.write_text(sound_cards)
         self.open("tazlet", "gw-font.ttf", ALSA_CONFIG_PATH=str(file))
-        self.until(lambda: lit(self.title()), "title")
+        self.game.until(lambda: lit(self.title()), "title")
         errors = self.errors()
         self.play()
         self.quit()
