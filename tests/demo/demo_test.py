@@ -1,53 +1,55 @@
 """The game as a whole, played by the demo without a window.
 
 Usage: demo_test.py <tazlet-demo> <its staged run directory> [unittest's arguments]
+       demo_test.py <tazlet-demo> <its staged run directory> --update
+
+The second writes golden_digests.txt anew, from the games of this build.
 """
 
+import itertools
 import pathlib
 import re
-import shutil
-import signal
-import subprocess
 import sys
-import tempfile
+import textwrap
 import unittest
 
-DEMO, STAGED = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
-HERE = pathlib.Path(__file__).parent
-RESOURCES = sorted(path.relative_to(STAGED) for path in STAGED.glob("tazlet/*/*"))
+HERE = pathlib.Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE.parent / "support"))
+from game_process import Game, reached
+
+DEMO, STAGED = sys.argv[1:3]
+GOLDEN = HERE / "golden_digests.txt"
+GOLDEN_GAMES = {"skilled": 1, "greedy": 2, "hostile": 3, "random": 4}  # their seeds
+
+
+def play_golden(game, profile):
+    """Plays and records one of these games. Returns what the demo printed."""
+    return game.play("--profile", profile, "--seed", GOLDEN_GAMES[profile], "--steps", 5000,
+                     "--digest", "--record", "game.txt")
+
+
+def shorten(output):
+    """What the golden file has of a game: the first digits of each digest."""
+    return re.findall(r"^step \d+ digest (\w{4})\w{12}$", output, re.MULTILINE)
+
+
+def update():
+    with Game(DEMO, STAGED) as game:
+        GOLDEN.write_text("\n".join(
+            f"{profile}, seed {seed}:\n"
+            + textwrap.fill(" ".join(shorten(play_golden(game, profile))), 99) + "\n"
+            for profile, seed in GOLDEN_GAMES.items()))
 
 
 class DemoTest(unittest.TestCase):
-    """Every test has a run directory of its own, a copy of the staged one."""
-
     def setUp(self):
-        directory = tempfile.TemporaryDirectory(prefix="glidewing-test-")
-        self.addCleanup(directory.cleanup)
-        self.run_dir = pathlib.Path(directory.name) / "run"
-        shutil.copytree(STAGED, self.run_dir)
-
-    def play(self, *options, status=0, shell='exec "$0" "$@"'):
-        """Runs the demo; returns its output. A sanitizer's report fails."""
-        done = subprocess.run(["sh", "-c", shell, DEMO, *map(str, options)], cwd=self.run_dir,
-                              text=True, capture_output=True, timeout=50,
-                              stdin=subprocess.DEVNULL)
-        self.assertEqual(done.returncode, status, done.stderr[-3000:])
-        self.assertNotRegex(done.stderr, "Sanitizer|runtime error")
-        return done.stdout if status == 0 else done.stderr
-
-    def log(self):
-        """The log's lines, without times of day and addresses."""
-        text = (self.run_dir / "glidewing.log").read_text(errors="replace")
-        return [re.sub(r"^\[[\d:]+\] |\(0x[0-9a-f]+\)", "", line) for line in text.splitlines()]
-
-
-def reached(output, what):
-    return int(re.search(rf"^{what} (\d+)$", output, re.MULTILINE).group(1))
+        self.game = self.enterContext(Game(DEMO, STAGED))
+        self.run_dir = self.game.run_dir
 
 
 class Soak(DemoTest):
     def check(self, profile):
-        output = self.play("--profile", profile, "--seed", 11, "--steps", 10000)
+        output = self.game.play("--profile", profile, "--seed", 11, "--steps", 10000)
         self.assertEqual(reached(output, "steps"), 10000)
         self.assertGreater(reached(output, "games"), 1)
         self.assertGreater(reached(output, "rows sold"), 0)
@@ -67,38 +69,40 @@ class Soak(DemoTest):
 
 class Replay(DemoTest):
     """One seed and the same input: the same game, on every machine and with every
-    compiler. The digests are in golden_digests.txt; they change with the rules,
-    with the sizes of sprites, and with the demo's way to play."""
+    compiler. The golden digests change with the rules, with the sizes of sprites, and
+    with the demo's way to play."""
 
-    def check(self, profile, seed):
-        options = ["--profile", profile, "--seed", seed, "--steps", 5000, "--digest"]
-        first = self.play(*options, "--record", "game.txt")
-        log = self.log()
-        self.assertEqual(self.play(*options), first, "the same seed again")
-        self.assertEqual(self.play("--replay", "game.txt", "--digest"), first, "replayed")
-        self.assertEqual(self.log(), log)
+    def check(self, profile):
+        played = play_golden(self.game, profile)
+        log = self.game.log()
+        title = f"{profile}, seed {GOLDEN_GAMES[profile]}:"
+        golden = GOLDEN.read_text().partition(title)[2].partition("\n\n")[0].split()
+        pairs = itertools.zip_longest(shorten(played), golden)
+        differing = [100 * i for i, (digest, wanted) in enumerate(pairs, 1) if digest != wanted]
+        self.assertEqual(differing[:1], [], f"the first step that is not as in {GOLDEN}")
+        self.assertEqual(self.game.play("--replay", "game.txt", "--digest"), played)
+        self.assertEqual(self.game.log(), log)
         self.assertGreater(len(log), 5000)
-        digest = re.findall(r"^step 5000 digest (\w{16})$", first, re.MULTILINE)
-        golden = (HERE / "golden_digests.txt").read_text().split("\n")
-        self.assertIn(f"{profile} {seed} {digest[0]}", golden)
+        colours = set(re.findall(r"color (?!of )(\w+)", "\n".join(log)))
+        self.assertEqual(colours, {"red", "green", "blue", "magenta", "cyan"})
 
     def test_skilled(self):
-        self.check("skilled", 1)
+        self.check("skilled")
 
     def test_greedy(self):
-        self.check("greedy", 2)
+        self.check("greedy")
 
     def test_hostile(self):
-        self.check("hostile", 3)
+        self.check("hostile")
 
     def test_random(self):
-        self.check("random", 4)
+        self.check("random")
 
     def test_a_recording_that_was_cut_off_is_played_to_its_last_whole_event(self):
         for events, steps, games in [
                 ("", 0, 0), ("9 key-press 15\n12 mouse-press 0 512 384\n77 mouse-pr", 13, 1)]:
             (self.run_dir / "game.txt").write_text("tazlet-recording 1\nseed 5\n" + events)
-            output = self.play("--replay", "game.txt")
+            output = self.game.play("--replay", "game.txt")
             self.assertEqual((reached(output, "steps"), reached(output, "games")), (steps, games))
 
     def test_what_cannot_be_written_is_said(self):
@@ -111,9 +115,10 @@ class Replay(DemoTest):
                 ('exec "$0" "$@" >&-', "output cannot be written", r"\nend 100\n\Z"),
                 ('exec "$0" "$@" >/dev/full', "output cannot be written", r"\nend 100\n\Z")]:
             with self.subTest(shell):
-                self.assertIn(reason, self.play(*options, status=1, shell=shell))
+                self.game.play(*options, status=1, shell=shell)
+                self.assertIn(reason, self.game.errors())
                 self.assertRegex(game.read_text(), recorded)
-                self.play("--replay", "game.txt")
+                self.game.play("--replay", "game.txt")
 
     def test_malformed_recordings_are_refused_with_file_and_line(self):
         head = "tazlet-recording 1\nseed 5\n"
@@ -135,76 +140,57 @@ class Replay(DemoTest):
         ]:
             with self.subTest(content):
                 (self.run_dir / "game.txt").write_text(content)
-                self.assertIn(reason, self.play("--replay", "game.txt", status=1))
+                self.game.play("--replay", "game.txt", status=1)
+                self.assertIn(reason, self.game.errors())
 
 
 class DamagedResources(DemoTest):
     """Each of the resources in turn: the log names it, and the game plays on."""
 
     def check(self, damage, is_refused=lambda path: True):
-        self.assertEqual(len(RESOURCES), 20)
-        for resource in RESOURCES:
-            with self.subTest(str(resource)):
-                path = self.run_dir / resource
-                content = path.read_bytes()
-                path.unlink()
-                damage(path, content)
-                output = self.play("--profile", "greedy", "--steps", 70)
+        self.assertEqual(len(self.game.resources), 20)
+        for resource in self.game.resources:
+            with self.subTest(str(resource)), self.game.damaged(resource, damage):
+                output = self.game.play("--profile", "greedy", "--steps", 70)
                 self.assertEqual(reached(output, "games"), 1)
-                lines = self.log()
+                lines = self.game.log()
                 named = [i for i, line in enumerate(lines) if f"'{resource}'" in line]
                 self.assertTrue(named, "the log names the file")
                 if is_refused(resource):
                     # What is wrong with it follows where it is loaded.
                     self.assertRegex("\n".join(lines[named[0] + 1:named[0] + 3]),
                                      "(ERROR|WARNING): ")
-                shutil.rmtree(path) if path.is_dir() else path.unlink(missing_ok=True)
-                path.write_bytes(content)
 
     def test_missing(self):
-        self.check(lambda path, content: None)
+        self.check("missing")
 
     def test_empty(self):
-        self.check(lambda path, content: path.touch())
+        self.check("empty")
 
     def test_truncated(self):
         # Half a sound is a shorter sound.
-        self.check(lambda path, content: path.write_bytes(content[:len(content) // 2]),
-                   lambda path: path.suffix == ".txt")
+        self.check("truncated", lambda path: path.suffix == ".txt")
 
     def test_a_directory(self):
-        self.check(lambda path, content: path.mkdir())
+        self.check("a directory")
 
     def test_binary_rubbish(self):
-        rubbish = bytes(i * i * 7 + i // 3 & 0xff for i in range(4096))
-        self.check(lambda path, content: path.write_bytes(rubbish))
+        self.check("binary rubbish")
 
 
 class Log(DemoTest):
     def test_on_a_full_disk_the_game_plays_on(self):
-        (self.run_dir / "glidewing.log").symlink_to("/dev/full")
-        self.assertEqual(reached(self.play("--steps", 300), "games"), 1)
+        output = self.game.play("--steps", 300, shell='trap "" 25; ulimit -f 1; exec "$0" "$@"')
+        self.assertEqual(reached(output, "games"), 1)
+        self.assertIn("The log cannot be written: File too large.\n", self.game.errors())
 
     def test_every_line_of_a_completed_step_survives_a_sudden_death(self):
-        options = ["--profile", "greedy", "--seed", 4, "--digest"]
-        for deaths in range(5):
-            player = subprocess.Popen(
-                [DEMO, *map(str, options), "--steps", "0"], cwd=self.run_dir, text=True,
-                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-            for _ in range(deaths + 1):
-                last = player.stdout.readline()
-            player.send_signal(signal.SIGKILL)
-            player.stdout.close()
-            self.assertEqual(player.wait(), -signal.SIGKILL)
-            survived = self.log()
-            steps = int(last.split()[1])
-            self.play(*options, "--steps", steps)
-            complete = self.log()
-            # Up to the end of that step, which the shut-down follows.
-            complete = complete[:complete.index("    INFO: GameManager is shutting down.")]
-            self.assertGreater(len(complete), 50)
-            self.assertEqual(survived[:len(complete)], complete)
+        for digests in range(1, 6):
+            self.game.die(digests)
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1] + sys.argv[3:])
+    if sys.argv[3:] == ["--update"]:
+        update()
+    else:
+        unittest.main(argv=sys.argv[:1] + sys.argv[3:])
