@@ -119,17 +119,17 @@ class Sound(unittest.TestCase):
         windows, launched = self.record_game()
         [start], spawns, [sale_click, missed_click, *_], pins, [clear], [game_over], [music] = (
             listen(windows, hertz) for hertz in TONES.values())
+        self.assertTrue(music & game_over, "the music goes on to the end")
         # A busy machine makes any of them late, and the game catches up: none is early.
         for step, sound in (30, start), (90, missed_click), (205, game_over):
             self.assertGreater(min(sound) - launched, step * STEP * RATE / WINDOW)
         # What belongs to one press is heard at once.
         self.assertTrue(sale_click & pins[0] & clear)
         self.assertTrue(pins[-1] & game_over)
-        self.assertFalse(missed_click & set.union(*pins))
+        self.assertNotIn(min(missed_click), set.union(*pins))
         self.assertLessEqual(min(start), min(sale_click))
         self.assertLess(min(music), min(start))
         self.assertTrue(spawns)
-        self.assertTrue(music & game_over, "the music goes on")
 
 
 if __name__ == "__main__":
