@@ -118,7 +118,7 @@ class Game(contextlib.ExitStack):
         survived = self.log()
         self.play(*options, steps)
         complete = self.log()
-        complete = complete[:complete.index("INFO: WorldManager is shutting down.")]
+        complete = complete[:complete.index("INFO: GameManager is shutting down.")]
         require(len(complete) > 50, "hardly a line")
         require(survived[:len(complete)] == complete, f"a line before step {steps} was lost")
 
