@@ -155,9 +155,9 @@ BENCHMARK(FindByTypePlain);
 void broadcast(benchmark::State &state, bool is_plain) {
   gw::WorldManager &world = gw::WorldManager::getInstance();
   world.startUp();
-  std::vector<gw::Object *> objects;
-  for (int i = 0; i < MANY; i++)
-    objects.push_back(new gw::Object);
+  std::vector<gw::Object *> objects(MANY);
+  for (gw::Object *&p_o : objects)
+    p_o = new gw::Object;
   const gw::EventStep event;
   for (auto _ : state)
     if (is_plain)

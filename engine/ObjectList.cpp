@@ -18,6 +18,7 @@ ObjectList::ObjectList(const ObjectList &other)
     : count(other.count), max_count(other.max_count), p_storage(other.p_storage),
       list(other.list) {
   if (p_storage)
+    // NOLINTNEXTLINE(clang-analyzer-unix.Malloc): it does not keep count of the owners
     p_storage->owners++;
 }
 
