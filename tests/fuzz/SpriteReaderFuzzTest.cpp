@@ -12,20 +12,15 @@ TEST_F(SpriteReaderFuzzTest, EverySingleByteEditOfAGoodFileIsReadOrRefusedCleanl
   const std::string good = lines({"2", "3", "2", "4", "red", "abc", "def", "ghi", "jkl"});
   ASSERT_TRUE(readFuzzInput(good));
   int accepted = 0;
-  int refused = 0;
   gw::LogManager::getInstance().setFlush(false);
   for (std::size_t i = 0; i < good.size(); i++)
     for (int byte = 0; byte < 256; byte++) {
       std::string edited = good;
       edited[i] = static_cast<char>(byte);
-      (readFuzzInput(edited) ? accepted : refused)++;
-      if (byte == 0) {
-        std::string shorter = good;
-        shorter.erase(i, 1);
-        (readFuzzInput(shorter) ? accepted : refused)++;
-      }
+      accepted += readFuzzInput(edited);
+      if (byte == 0)
+        accepted += readFuzzInput(edited.erase(i, 1));
     }
-  EXPECT_EQ(accepted + refused, 257 * static_cast<int>(good.size()));
   const int unchanged = 11 + 3;     // the head but for the slowdown, the ends of rows
   const int fewer = 1 + 1;          // one frame, or one row, is there as well
   const int slowdowns = 10 + 1 + 1; // any digit, a carriage return, nothing at all
