@@ -12,8 +12,6 @@
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
 /// The log alone, not yet started.
 class LogManagerTest : public testing::Test {
 protected:

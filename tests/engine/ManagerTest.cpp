@@ -9,8 +9,6 @@
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
 int broadcast(const std::string &type) {
   gw::Event event;
   event.setType(type);

@@ -11,8 +11,6 @@
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
 class ResourceManagerTest : public EngineTest {
 protected:
   gw::ResourceManager &resources = gw::ResourceManager::getInstance();

@@ -1,6 +1,5 @@
 #include "EngineTest.h"
 #include "EventCollision.h"
-#include "GameManager.h"
 
 #include <memory>
 
@@ -11,7 +10,6 @@ using gw::CollisionResponse;
 using gw::IGNORE;
 using gw::OVERLAP;
 using gw::Vector;
-using Journal = std::vector<std::string>;
 
 /// Writes into the world's journal what it hears (but for steps), when it is drawn and
 /// when it is deleted.
@@ -20,7 +18,7 @@ public:
   std::function<void(const gw::Event &)> onEvent; ///< optional
   std::function<void()> onDelete;                 ///< optional
 
-  Witness(Journal &init_journal, const std::string &name) : journal(init_journal) {
+  Witness(Lines &init_journal, const std::string &name) : journal(init_journal) {
     setType(name);
   }
   ~Witness() override {
@@ -39,7 +37,7 @@ public:
 
 private:
   void note(const std::string &what) { journal.push_back(getType() + " " + what); }
-  Journal &journal;
+  Lines &journal;
 };
 
 class WorldManagerTest : public EngineTest {
@@ -53,21 +51,19 @@ protected:
   }
 
   /// What happens meanwhile.
-  Journal during(const std::function<void()> &action) {
+  Lines during(const std::function<void()> &action) {
     journal.clear();
     action();
     return journal;
   }
-  Journal update() {
-    return during([this] { world.update(); });
+  Lines update() {
+    return during([] { world().update(); });
   }
-  /// A whole step of the game loop, which is late and so does not sleep.
-  Journal step() {
-    return during([] { gw::GameManager::getInstance().runStep(1000000); });
+  Lines journalOfStep() {
+    return during([] { step(); });
   }
 
-  gw::WorldManager &world = gw::WorldManager::getInstance();
-  Journal journal;
+  Lines journal;
 };
 
 } // namespace
@@ -76,8 +72,8 @@ TEST_F(WorldManagerTest, ACollisionIsToldToMoverAndOtherAndOnlyTwoBlockersBlock)
   const auto expect = [&](CollisionResponse mover, CollisionResponse other,
                           const std::string &changing, CollisionResponse changed,
                           bool moved) {
-    world.shutDown();
-    world.startUp();
+    world().shutDown();
+    world().startUp();
     Witness *p_mover = add("mover", {10, 10}, mover);
     Witness *p_other = add("other", {12, 10}, other);
     Witness *p_changing = changing == "mover" ? p_mover : p_other;
@@ -85,8 +81,8 @@ TEST_F(WorldManagerTest, ACollisionIsToldToMoverAndOtherAndOnlyTwoBlockersBlock)
       p_changing->setCollisionResponse(changed); // counts at once
     };
     p_mover->setVelocity({1, 0}); // the boxes will just touch
-    const Journal heard = {"mover collision", "other collision"};
-    EXPECT_EQ(update(), mover == IGNORE || other == IGNORE ? Journal{} : heard);
+    const Lines heard = {"mover collision", "other collision"};
+    EXPECT_EQ(update(), mover == IGNORE || other == IGNORE ? Lines{} : heard);
     EXPECT_EQ(p_mover->getPosition().getX(), moved ? 11 : 10)
         << mover << other << changed;
   };
@@ -104,7 +100,7 @@ TEST_F(WorldManagerTest, EveryCollisionIsToldInListOrderEvenWhenTheFirstBlocks) 
   Witness *p_mover = add("mover", {128, 24}, BLOCK);
   add("far", {131, 24}, BLOCK);
   add("b", {130, 25}, OVERLAP);
-  Journal partners;
+  Lines partners;
   p_mover->onEvent = [&](const gw::Event &event) {
     const auto &collision = dynamic_cast<const gw::EventCollision &>(event);
     EXPECT_EQ(collision.getObject1(), p_mover);
@@ -113,13 +109,13 @@ TEST_F(WorldManagerTest, EveryCollisionIsToldInListOrderEvenWhenTheFirstBlocks) 
   };
   p_mover->setVelocity({1, 0});
   EXPECT_EQ(update(),
-            (Journal{"mover collision", "a collision", "mover collision", "b collision"}))
+            (Lines{"mover collision", "a collision", "mover collision", "b collision"}))
       << "and it is not told that it is out, because it stays";
-  EXPECT_EQ(partners, (Journal{"a", "b"}));
-  EXPECT_EQ(world.moveObject(p_mover, {129, 24}), -1);
+  EXPECT_EQ(partners, (Lines{"a", "b"}));
+  EXPECT_EQ(world().moveObject(p_mover, {129, 24}), -1);
   EXPECT_EQ(xy(p_mover->getPosition()), xy({128, 24}));
-  EXPECT_EQ(world.getAllObjectsOfType("a").getCount(), 1);
-  EXPECT_EQ(world.getAllObjectsOfType("A").getCount(), 0) << "letter case counts";
+  EXPECT_EQ(world().getAllObjectsOfType("a").getCount(), 1);
+  EXPECT_EQ(world().getAllObjectsOfType("A").getCount(), 0) << "letter case counts";
 }
 
 TEST_F(WorldManagerTest, LeavingTheWorldIsToldOncePerCrossing) {
@@ -136,8 +132,8 @@ TEST_F(WorldManagerTest, LeavingTheWorldIsToldOncePerCrossing) {
     p_mover->onEvent = [&](const gw::Event &) {
       EXPECT_EQ(xy(p_mover->getPosition()), xy(from)) << "told before it moves";
     };
-    EXPECT_EQ(during([&] { EXPECT_EQ(world.moveObject(p_mover, leg.to), 0); }),
-              leg.out ? Journal{"mover out"} : Journal{})
+    EXPECT_EQ(during([&] { EXPECT_EQ(world().moveObject(p_mover, leg.to), 0); }),
+              leg.out ? Lines{"mover out"} : Lines{})
         << leg.to.getX() << ", " << leg.to.getY();
     EXPECT_EQ(xy(p_mover->getPosition()), xy(leg.to));
   }
@@ -146,30 +142,52 @@ TEST_F(WorldManagerTest, LeavingTheWorldIsToldOncePerCrossing) {
 TEST_F(WorldManagerTest, OnlyWhatChangesItsPositionCollides) {
   add("other", {10, 10}, OVERLAP);
   Witness *p_mover = add("mover", {10, 10}, OVERLAP);
-  EXPECT_EQ(update(), Journal{}) << "at rest";
+  EXPECT_EQ(update(), Lines{}) << "at rest";
   p_mover->setVelocity({-3, -4});
-  EXPECT_EQ(update(), Journal{}) << "goes away";
+  EXPECT_EQ(update(), Lines{}) << "goes away";
   p_mover->setSpeed(-5);
-  EXPECT_EQ(update(), (Journal{"mover collision", "other collision"})) << "comes back";
+  EXPECT_EQ(update(), (Lines{"mover collision", "other collision"})) << "comes back";
+}
+
+TEST_F(WorldManagerTest, WhatIsCreatedWhileThingsMoveMovesInTheSameUpdate) {
+  add("other", {12, 10}, OVERLAP);
+  Witness *p_mover = add("mover", {10, 10}, OVERLAP), *p_new = nullptr;
+  p_mover->setVelocity({1, 0});
+  p_mover->onEvent = [&](const gw::Event &) {
+    p_new = add("new", {14, 10}, OVERLAP);
+    p_new->setVelocity({-1, 0});
+    p_mover->onEvent = nullptr;
+  };
+  EXPECT_EQ(update(), (Lines{"mover collision", "other collision", "new collision",
+                             "other collision"}));
+  EXPECT_EQ(xy(p_new->getPosition()), xy({13, 10}));
+}
+
+TEST_F(WorldManagerTest, ANullObjectEndsTheProgramWithALine) {
+  EXPECT_DEATH(world().markForDelete(nullptr),
+               "^WorldManager.cpp:[0-9]+: a null object is marked for deletion");
+  EXPECT_DEATH(world().moveObject(nullptr, {1, 1}), ": a null object is moved");
+  EXPECT_DEATH(world().getCollisions(nullptr, {1, 1}),
+               ": a null object collides with nothing");
 }
 
 TEST_F(WorldManagerTest, WhatIsMarkedGoesInTheNextUpdate) {
   Witness *p_doomed = add("doomed");
   Witness *p_other = add("other", {128, 24});
   p_doomed->onEvent = [&](const gw::Event &) {
-    EXPECT_EQ(world.markForDelete(p_doomed), 0);
-    EXPECT_EQ(world.markForDelete(p_doomed), 0) << "twice is harmless";
+    EXPECT_EQ(world().markForDelete(p_doomed), 0);
+    EXPECT_EQ(world().markForDelete(p_doomed), 0) << "twice is harmless";
   };
-  EXPECT_EQ(step(), (Journal{"doomed deleted", "other drawn"}))
+  EXPECT_EQ(journalOfStep(), (Lines{"doomed deleted", "other drawn"}))
       << "marked in the step event: gone before it is drawn";
   p_other->setVelocity({1, 0});
   p_other->onEvent = [&](const gw::Event &event) {
     if (event.getType() == "gw::out")
-      world.markForDelete(p_other);
+      world().markForDelete(p_other);
   };
-  EXPECT_EQ(step(), (Journal{"other out", "other drawn"}))
+  EXPECT_EQ(journalOfStep(), (Lines{"other out", "other drawn"}))
       << "marked while things move: still drawn";
-  EXPECT_EQ(step(), Journal{"other deleted"});
+  EXPECT_EQ(journalOfStep(), Lines{"other deleted"});
 }
 
 // The heap likes to give a new object the address of the one deleted before it.
@@ -182,20 +200,20 @@ TEST_F(WorldManagerTest, AMarkHoldsForANewObjectAtTheAddressOfADeletedOne) {
     }
     static void operator delete(void *) {}
   };
-  world.markForDelete(new Successor(journal, "first"));
+  world().markForDelete(new Successor(journal, "first"));
   Witness *p_second = add("second");
-  p_second->onDelete = [&] { world.markForDelete(new Successor(journal, "third")); };
-  world.markForDelete(p_second);
-  EXPECT_EQ(update(), (Journal{"first deleted", "second deleted"}));
-  EXPECT_EQ(update(), Journal{"third deleted"});
+  p_second->onDelete = [&] { world().markForDelete(new Successor(journal, "third")); };
+  world().markForDelete(p_second);
+  EXPECT_EQ(update(), (Lines{"first deleted", "second deleted"}));
+  EXPECT_EQ(update(), Lines{"third deleted"});
 }
 
 TEST_F(WorldManagerTest, WhatADestructorCreatesAtShutDownGoesToo) {
   add("a")->onDelete = [this] { add("b")->onDelete = [this] { add("c"); }; };
   add("d");
-  world.shutDown();
-  EXPECT_EQ(journal, (Journal{"a deleted", "d deleted", "b deleted", "c deleted"}));
-  EXPECT_EQ(world.getAllObjects().getCount(), 0);
+  world().shutDown();
+  EXPECT_EQ(journal, (Lines{"a deleted", "d deleted", "b deleted", "c deleted"}));
+  EXPECT_EQ(world().getAllObjects().getCount(), 0);
 }
 
 TEST_F(WorldManagerTest, DrawingGoesByAltitudeAndThenByTheList) {
@@ -203,10 +221,10 @@ TEST_F(WorldManagerTest, DrawingGoesByAltitudeAndThenByTheList) {
                                                 {"e", 2}, {"f", 1}, {"g", 0}};
   for (const auto &[name, altitude] : cases)
     add(name)->setAltitude(altitude);
-  EXPECT_EQ(step(), (Journal{"b drawn", "g drawn", "f drawn", "c drawn", "e drawn",
-                             "d drawn", "a drawn"}));
-  world.markForDelete(world.getAllObjects()[0]);
-  EXPECT_EQ(step(), (Journal{"a deleted", "g drawn", "b drawn", "f drawn", "c drawn",
-                             "e drawn", "d drawn"}))
+  EXPECT_EQ(journalOfStep(), (Lines{"b drawn", "g drawn", "f drawn", "c drawn", "e drawn",
+                                    "d drawn", "a drawn"}));
+  world().markForDelete(world().getAllObjects()[0]);
+  EXPECT_EQ(journalOfStep(), (Lines{"a deleted", "g drawn", "b drawn", "f drawn",
+                                    "c drawn", "e drawn", "d drawn"}))
       << "the last of the list moves into the gap";
 }

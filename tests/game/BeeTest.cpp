@@ -1,6 +1,6 @@
-#include "RulesTest.h"
+#include "GameTest.h"
 
-using BeeTest = RulesTest;
+using BeeTest = GameTest;
 
 TEST_F(BeeTest, APressPaysForEveryBeeAndOnceMoreForTheOnePressed) {
   pin("bee");

@@ -1,7 +1,6 @@
-#include "Cursor.h"
-#include "RulesTest.h"
+#include "GameTest.h"
 
-using CursorTest = RulesTest;
+using CursorTest = GameTest;
 
 TEST_F(CursorTest, FollowsMovesAndLooksPressedWithTheLeftButtonOnly) {
   const struct {

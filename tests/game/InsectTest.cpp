@@ -1,6 +1,7 @@
-#include "RulesTest.h"
+#include "GameTest.h"
 
-using InsectTest = RulesTest;
+using InsectTest = GameTest;
+using InsectDeathTest = GameTest;
 
 TEST_F(InsectTest, APressHitsWhatTheCellAroundThePointerTouches) {
   // The insects span x 68 to 72 and y 24 to 26; the pointer adds half a cell.
@@ -21,28 +22,28 @@ TEST_F(InsectTest, APressHitsWhatTheCellAroundThePointerTouches) {
 }
 
 TEST_F(InsectTest, OnlyAPressOnAFreeInsectPins) {
-  struct Case {
+  const struct {
+    const char *what;
     gw::EventMouseAction action;
     gw::Mouse::Button button;
     bool pinnable, is_pinned, pins;
-  };
-  const Case cases[] = {
-      {gw::PRESSED, gw::Mouse::LEFT, true, false, true},
-      {gw::PRESSED, gw::Mouse::RIGHT, true, false, true},
-      {gw::PRESSED, gw::Mouse::MIDDLE, true, false, true},
-      {gw::PRESSED, gw::Mouse::UNDEFINED_MOUSE_BUTTON, true, false, true},
-      {gw::PRESSED, gw::Mouse::LEFT, false, false, false},
-      {gw::PRESSED, gw::Mouse::LEFT, true, true, false},
-      {gw::RELEASED, gw::Mouse::LEFT, true, false, false},
-      {gw::MOVED, gw::Mouse::UNDEFINED_MOUSE_BUTTON, true, false, false}};
-  for (const Case &c : cases) {
+  } cases[] = {
+      {"left", gw::PRESSED, gw::Mouse::LEFT, true, false, true},
+      {"right", gw::PRESSED, gw::Mouse::RIGHT, true, false, true},
+      {"middle", gw::PRESSED, gw::Mouse::MIDDLE, true, false, true},
+      {"other", gw::PRESSED, gw::Mouse::UNDEFINED_MOUSE_BUTTON, true, false, true},
+      {"a target", gw::PRESSED, gw::Mouse::LEFT, false, false, false},
+      {"on the board", gw::PRESSED, gw::Mouse::LEFT, true, true, false},
+      {"release", gw::RELEASED, gw::Mouse::LEFT, true, false, false},
+      {"move", gw::MOVED, gw::Mouse::UNDEFINED_MOUSE_BUTTON, true, false, false}};
+  for (const auto &c : cases) {
     auto *p_witness = new Recorder;
     Insect *p_insect = add("Gm");
     p_insect->setPinnable(c.pinnable);
     p_insect->setPinned(c.is_pinned);
     sendMouse(c.action, c.button, p_insect->getPosition());
-    EXPECT_EQ(countOf("pin", p_witness->heard), c.pins) << "case " << &c - cases;
-    EXPECT_EQ(p_insect->getPinned(), c.is_pinned || c.pins) << "case " << &c - cases;
+    EXPECT_EQ(countOf("pin", p_witness->heard), c.pins) << c.what;
+    EXPECT_EQ(p_insect->getPinned(), c.is_pinned || c.pins) << c.what;
     clearWorld();
   }
 }
@@ -99,4 +100,25 @@ TEST_F(InsectTest, AnInsectThatLeavesTheWorldGoesAndCannotBePinned) {
     step();
     EXPECT_EQ(insects(), 0) << code;
   }
+}
+
+TEST_F(InsectTest, IsCalledByItsColorUnlessThatIsNone) {
+  const std::pair<int, const char *> cases[] = {
+      {gw::BLACK, "unknown"}, {gw::RED, "red"},       {gw::GREEN, "green"},
+      {gw::YELLOW, "yellow"}, {gw::BLUE, "blue"},     {gw::MAGENTA, "magenta"},
+      {gw::CYAN, "cyan"},     {gw::WHITE, "unknown"}, {-1, "unknown"},
+      {8, "unknown"}};
+  Insect insect;
+  for (const auto &[color, name] : cases) {
+    insect.setColor(static_cast<gw::Color>(color));
+    EXPECT_EQ(insect.getColorAsString(), name) << color;
+  }
+}
+
+TEST_F(InsectDeathTest, WhatIsNoInsectEndsTheProgramWithALineOnStreamAndLog) {
+  const std::string line =
+      "Insect.cpp:[0-9]+: an object that is no insect is on the board or in the row "
+      "\\(p_insect\\)";
+  EXPECT_DEATH(asInsect(new gw::Object), "^" + line + "\n");
+  EXPECT_EQ(matching("^CRITICAL: " + line + "$", logLines()).size(), 1u);
 }

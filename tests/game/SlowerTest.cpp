@@ -1,6 +1,6 @@
-#include "RulesTest.h"
+#include "GameTest.h"
 
-using SlowerTest = RulesTest;
+using SlowerTest = GameTest;
 
 TEST_F(SlowerTest, UnslowsOnceInTheThirtyFourthStepAfterTheLatestSlow) {
   using Numbers = std::vector<int>;

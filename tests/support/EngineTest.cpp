@@ -1,6 +1,7 @@
 #include "EngineTest.h"
 
 #include <fstream>
+#include <regex>
 
 void EngineTest::SetUp() {
   gw::LogManager &log = gw::LogManager::getInstance();
@@ -14,6 +15,11 @@ void EngineTest::TearDown() {
   gw::GameManager::getInstance().shutDown();
 }
 
+void EngineTest::step(int steps) {
+  for (int i = 0; i < steps; i++)
+    gw::GameManager::getInstance().runStep(gw::NEVER_SLEEP);
+}
+
 int Recorder::eventHandler(const gw::Event *p_e) {
   heard.push_back(p_e->getType());
   return onEvent ? onEvent(*p_e) : 0;
@@ -25,9 +31,9 @@ int Recorder::draw() {
   return 0;
 }
 
-std::vector<std::string> logLines() {
+Lines logLines() {
   constexpr std::size_t TIME_LENGTH = sizeof "[00:00:00] " - 1;
-  std::vector<std::string> found;
+  Lines found;
   std::ifstream file(gw::LOGFILE_NAME);
   for (std::string line; std::getline(file, line);) {
     // A message may have lines of its own; they carry no time.
@@ -38,11 +44,20 @@ std::vector<std::string> logLines() {
   return found;
 }
 
-std::vector<std::string> logOf(const std::function<void()> &action) {
+Lines logOf(const std::function<void()> &action) {
   const auto before = static_cast<std::ptrdiff_t>(logLines().size());
   action();
-  std::vector<std::string> found = logLines();
+  Lines found = logLines();
   found.erase(found.begin(), found.begin() + before);
+  return found;
+}
+
+Lines matching(const std::string &expression, const Lines &lines) {
+  const std::regex wanted(expression);
+  Lines found;
+  for (const std::string &line : lines)
+    if (std::regex_search(line, wanted))
+      found.push_back(line);
   return found;
 }
 
@@ -52,7 +67,7 @@ void writeFile(const std::string &filename, const std::string &content) {
   ASSERT_TRUE(file.good()) << filename;
 }
 
-std::string lines(const std::vector<std::string> &content) {
+std::string lines(const Lines &content) {
   std::string text;
   for (const std::string &line : content)
     text += line + "\n";

@@ -14,19 +14,26 @@
 #include <utility>
 #include <vector>
 
+using Lines = std::vector<std::string>;
+
 /// The engine without a window, for one test: log (everything, flushed),
 /// resources and world are started before it and shut down after it.
 class EngineTest : public testing::Test {
 protected:
   void SetUp() override;
   void TearDown() override;
+
+  /// So many steps of the game loop, without sleep.
+  static void step(int steps = 1);
+
+  static gw::WorldManager &world() { return gw::WorldManager::getInstance(); }
 };
 
 /// An object that keeps the types of the events it hears, and does what the test
 /// wants on top. Register it with `new`; the world deletes it.
 class Recorder : public gw::Object {
 public:
-  std::vector<std::string> heard;
+  Lines heard;
   std::function<int(const gw::Event &)> onEvent; ///< optional
   std::function<void()> onDraw;                  ///< optional
 
@@ -36,16 +43,19 @@ public:
 
 /// The lines of the log so far, each as "LEVEL: message", without time of day and
 /// padding.
-std::vector<std::string> logLines();
+Lines logLines();
 
 /// The lines written while `action` ran.
-std::vector<std::string> logOf(const std::function<void()> &action);
+Lines logOf(const std::function<void()> &action);
+
+/// Those lines that match the expression somewhere.
+Lines matching(const std::string &expression, const Lines &lines);
 
 /// Writes a file into the test's directory, byte by byte as given.
 void writeFile(const std::string &filename, const std::string &content);
 
 /// Text in which every line ends with LF.
-std::string lines(const std::vector<std::string> &content);
+std::string lines(const Lines &content);
 
 /// A vector as something that can be compared and printed.
 inline std::pair<float, float> xy(gw::Vector vector) {

@@ -13,7 +13,6 @@ constexpr int COLUMNS = 128;
 constexpr int ROWS = 48;
 constexpr int ALL_COLORS = 8;
 
-using Lines = std::vector<std::string>;
 using DisplayManagerTest = EngineTest; // without a window at first
 using DrawingTest = WindowTest;
 

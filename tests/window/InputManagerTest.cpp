@@ -11,8 +11,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 std::string describe(const gw::Event &event) {
   std::ostringstream text;
   if (const auto *p_key = gw::eventAs<gw::EventKeyboard>(&event, gw::KEYBOARD_EVENT))
@@ -32,7 +30,7 @@ std::string describe(const gw::Event &event) {
 class InputManagerTest : public WindowTest {
 protected:
   gw::InputManager &input = gw::InputManager::getInstance();
-  Texts heard; ///< by an object in the world
+  Lines heard; ///< by an object in the world
 
   void SetUp() override {
     WindowTest::SetUp();
@@ -75,7 +73,7 @@ protected:
 } // namespace
 
 TEST_F(InputManagerTest, KeysAndPointerBecomeEventsInTheirOrder) {
-  const auto expect = [this](const std::string &command, const Texts &expected) {
+  const auto expect = [this](const std::string &command, const Lines &expected) {
     heard.clear();
     act("xdotool " + command);
     receive(expected.size());
@@ -122,7 +120,7 @@ TEST_F(InputManagerTest, AHeldKeyIsOnePressWhileTheManagerIsStarted) {
   for (int i = 0; i < 2 * times; i++)
     receive(0);
   release();
-  EXPECT_EQ(heard, (Texts{"key down 42", "key up 42"}));
+  EXPECT_EQ(heard, (Lines{"key down 42", "key up 42"}));
 }
 
 TEST_F(InputManagerTest, ClosingTheWindowEndsTheGameAfterTheEventsThatWaitBehindIt) {
@@ -131,5 +129,5 @@ TEST_F(InputManagerTest, ClosingTheWindowEndsTheGameAfterTheEventsThatWaitBehind
   act("xdotool key p && " GLIDEWING_CLOSE_WINDOW " $W && xdotool key q");
   input.getInput();
   EXPECT_TRUE(game.getGameOver());
-  EXPECT_EQ(heard, (Texts{"key down 42", "key up 42", "key down 43", "key up 43"}));
+  EXPECT_EQ(heard, (Lines{"key down 42", "key up 42", "key down 43", "key up 43"}));
 }
