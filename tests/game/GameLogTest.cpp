@@ -1,44 +1,31 @@
 #include "GameTest.h"
 
-#include <sstream>
+#include <regex>
 
 namespace {
 
-const std::string BOARD = "DEBUG: PinBoard::eventHandler(): ";
-const std::string SEQUENCE = "DEBUG: Sequence::eventHandler(): ";
-
-/// An insect as lines of the log describe it.
-std::string described(const gw::Object *p_o) {
-  return "object id " + std::to_string(p_o->getId()) + ", type " + p_o->getType() +
-         ", color " + dynamic_cast<const Insect *>(p_o)->getColorAsString();
-}
-
+/// Insects are described as "Br#7": a red butterfly whose id is 7.
 class GameLogTest : public GameTest {
 protected:
-  /// What board, sequence and the end of the game write while it is pressed.
-  static Lines logOfPress(const Insect *p_insect) {
-    return matching(": (PinBoard|Sequence|GameOver)::",
-                    logOf([&] { press(p_insect->getPosition()); }));
+  /// A new insect is pressed; what board, sequence and the end of the game write then.
+  static Lines logOfPress(const std::string &code, int id) {
+    Insect *p_insect = add(code);
+    p_insect->setId(id);
+    Lines found = matching(": (PinBoard|Sequence|GameOver)::",
+                           logOf([&] { press(p_insect->getPosition()); }));
+    const std::regex insect("object id (\\d+), type (\\w)\\w+, color (\\w)\\w+"),
+        new_insect("object id (\\d+), type (\\w)\\w+, and color (\\w)\\w+");
+    for (std::string &line : found)
+      line = std::regex_replace(std::regex_replace(line, insect, "$2$3#$1"), new_insect,
+                                "and $2$3#$1");
+    return found;
   }
 
-  static std::string taken(const Insect *p_insect, int slot) {
-    return BOARD + "Insect with " + described(p_insect) +
-           " was pinned. Placing it at Pin Board slot " + std::to_string(slot) + ".";
-  }
-
-  static std::string checked(const Insect *p_insect, int index) {
-    return SEQUENCE + "Insect with " + described(p_insect) +
-           " was pinned. Checking if it matches the next required Insect at index " +
-           std::to_string(index) + ".";
-  }
-
-  static std::string compared(const Insect *p_insect, const std::string &verdict,
-                              const gw::ObjectList &targets, int index) {
-    return "DEBUG: Sequence::insectMatchesSequence(): Insect with " +
-           described(p_insect) + " " + verdict + " Insect with " +
-           described(targets[index]) + " at sequence index " + std::to_string(index) +
-           ".";
-  }
+  const std::string on_board = "DEBUG: PinBoard::eventHandler(): ",
+                    in_row = "DEBUG: Sequence::eventHandler(): ",
+                    match = "DEBUG: Sequence::insectMatchesSequence(): Insect with ",
+                    check = " was pinned. Checking if it matches the next required "
+                            "Insect at index ";
 };
 
 } // namespace
@@ -46,43 +33,49 @@ protected:
 TEST_F(GameLogTest, TellsOfEveryPinWhatItIsComparedWithAndOfEverySale) {
   new PinBoard;
   makeRows({"Br Gb"});
-  const gw::ObjectList old_row = row();
-  const Insect *p_first = add("Br"), *p_wrong = add("Gr", {1, 1});
-  EXPECT_EQ(logOfPress(p_first), (Lines{taken(p_first, 1), checked(p_first, 0),
-                                        compared(p_first, "matched", old_row, 0)}));
+  row()[0]->setId(21);
+  row()[1]->setId(22);
   EXPECT_EQ(
-      logOfPress(p_wrong),
-      (Lines{taken(p_wrong, 2), checked(p_wrong, 1),
-             compared(p_wrong, "did not match color of", old_row, 1),
-             SEQUENCE + "Sequence failed! Setting next required Sequence index to 0.",
-             compared(p_wrong, "did not match type of", old_row, 0)}));
-  const Insect *p_second = pin("Br"), *p_last = add("Gb", {1, 1});
+      logOfPress("Br", 1),
+      (Lines{on_board + "Insect with Br#1 was pinned. Placing it at Pin Board slot 1.",
+             in_row + "Insect with Br#1" + check + "0.",
+             match + "Br#1 matched Insect with Br#21 at sequence index 0."}));
+  EXPECT_EQ(
+      logOfPress("Gr", 2),
+      (Lines{on_board + "Insect with Gr#2 was pinned. Placing it at Pin Board slot 2.",
+             in_row + "Insect with Gr#2" + check + "1.",
+             match + "Gr#2 did not match color of Insect with Gb#22 at sequence index 1.",
+             in_row + "Sequence failed! Setting next required Sequence index to 0.",
+             match +
+                 "Gr#2 did not match type of Insect with Br#21 at sequence index 0."}));
+  pin("Br")->setId(3);
   seedRows({"Gm"}, true);
-  const Lines log = logOfPress(p_last);
-  const std::string target = described(row()[0]);
+  const Lines log = logOfPress("Gb", 4);
+  const std::string target = "Gm#" + std::to_string(row()[0]->getId());
   EXPECT_EQ(
       log,
-      (Lines{
-          taken(p_last, 4), checked(p_last, 1), compared(p_last, "matched", old_row, 1),
-          SEQUENCE + "Sequence cleared! Sending clear event.",
-          BOARD + "Removing pinned bug with " + described(p_second) +
-              " at board index 2.",
-          BOARD + "Removing pinned bug with " + described(p_last) + " at board index 3.",
-          SEQUENCE + "Generating new Sequence.",
-          "DEBUG: Sequence::generateSequence(): Insect with " +
-              target.substr(0, target.find(" color")) + " and" +
-              target.substr(target.find(" color")) + " placed at sequence index 0.",
-          compared(p_first, "did not match type of", row(), 0),
-          compared(p_wrong, "did not match color of", row(), 0)}));
+      (Lines{on_board + "Insect with Gb#4 was pinned. Placing it at Pin Board slot 4.",
+             in_row + "Insect with Gb#4" + check + "1.",
+             match + "Gb#4 matched Insect with Gb#22 at sequence index 1.",
+             in_row + "Sequence cleared! Sending clear event.",
+             on_board + "Removing pinned bug with Br#3 at board index 2.",
+             on_board + "Removing pinned bug with Gb#4 at board index 3.",
+             in_row + "Generating new Sequence.",
+             "DEBUG: Sequence::generateSequence(): Insect with and " + target +
+                 " placed at sequence index 0.",
+             match + "Br#1 did not match type of Insect with " + target +
+                 " at sequence index 0.",
+             match + "Gr#2 did not match color of Insect with " + target +
+                 " at sequence index 0."}));
 }
 
 TEST_F(GameLogTest, TellsOfAFullBoardAndOfEveryInsectThatStaysOnItForNow) {
   new PinBoard;
   pin("Br Gg Bb Gm Bc Gr Bg");
-  const Insect *p_last = add("Gb", {1, 1});
-  const Lines log = logOfPress(p_last);
-  Lines expected = {taken(p_last, 8), BOARD + "The Pin Board overflowed! Transitioning "
-                                              "to Game Over."};
+  const Lines log = logOfPress("Gb", 8);
+  Lines expected = {on_board +
+                        "Insect with Gb#8 was pinned. Placing it at Pin Board slot 8.",
+                    on_board + "The Pin Board overflowed! Transitioning to Game Over."};
   for (int i = 0; i < 8; i++) {
     const gw::Object *p_o = board()->getPinnedBugs()[i];
     std::ostringstream line;
