@@ -3,10 +3,8 @@
 #include "EventStep.h"
 
 #include <sys/syscall.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <ctime>
 
 namespace {
@@ -98,26 +96,4 @@ TEST_F(EngineTest, TheStepThatEndsTheGameIsCompletedAndIsTheLast) {
   EXPECT_EQ(numbers, (std::vector<int>{first, first + 1, first + 2}));
   EXPECT_EQ(time.sleeps, (Sleeps{16000, 23000}))
       << "the first step's lateness is carried";
-}
-
-TEST_F(EngineTest, AProcessThatWasStoppedForTwoSecondsCarriesThemAndSkipsNothing) {
-  auto *p_stopped = new Recorder;
-  p_stopped->onEvent = [&](const gw::Event &) {
-    if (p_stopped->heard.size() != 1)
-      return 0;
-    const pid_t awakener = fork();
-    if (awakener == 0) {
-      sleep(2);
-      kill(getppid(), SIGCONT);
-      _exit(0);
-    }
-    raise(SIGSTOP);
-    return waitpid(awakener, nullptr, 0);
-  };
-  constexpr long long STEP = 33000; // microseconds
-  gw::GameManager &game = gw::GameManager::getInstance();
-  const long long late = game.runStep(0);
-  EXPECT_GE(late, 2000000 - STEP);
-  EXPECT_GE(game.runStep(late), late - STEP) << "a step pays back its own time at most";
-  EXPECT_EQ(p_stopped->heard.size(), 2u);
 }
