@@ -64,16 +64,3 @@ TEST_F(GameStartTest, OnlyPressesOfPAndQDoSomething) {
     game.setGameOver(false);
   }
 }
-
-TEST_F(GameStartTest, EverySoundHasItsFileAndTheMissingDoNotStopTheLoading) {
-  Lines found;
-  for (const std::string &line : matching("Loading (sound|music)", logOf(loadResources)))
-    found.push_back(line.substr(line.find('\'')));
-  EXPECT_EQ(found, (Lines{"'GameStart' from file 'tazlet/sounds/game_start.wav'.",
-                          "'BugSpawn' from file 'tazlet/sounds/bug_spawn.wav'.",
-                          "'ClickPin' from file 'tazlet/sounds/click_pin.wav'.",
-                          "'PinBug' from file 'tazlet/sounds/pin_bug.wav'.",
-                          "'ClearSequence' from file 'tazlet/sounds/clear_sequence.wav'.",
-                          "'GameOver' from file 'tazlet/sounds/game_over.wav'.",
-                          "'StartMusic' from file 'tazlet/musics/BlippyTrance.mp3'."}));
-}

@@ -115,6 +115,16 @@ TEST_F(InsectTest, IsCalledByItsColorUnlessThatIsNone) {
   }
 }
 
+TEST_F(InsectTest, KeepsThePictureOfItsKindWhenThereIsNoneOfItsColor) {
+  loadResources();
+  std::filesystem::remove_all("tazlet");
+  for (const char *code : {"Br", "Gc"}) {
+    Insect *p_insect = add(code);
+    p_insect->setTintedSprite();
+    EXPECT_EQ(p_insect->getAnimation().getSpriteLabel(), p_insect->getType());
+  }
+}
+
 TEST_F(InsectDeathTest, WhatIsNoInsectEndsTheProgramWithALineOnStreamAndLog) {
   const std::string line =
       "Insect.cpp:[0-9]+: an object that is no insect is on the board or in the row "

@@ -40,24 +40,6 @@ TEST_F(SequenceTest, AWrongPinCostsTheProgressAndMayStartTheRowAfresh) {
   EXPECT_EQ(score(), 0);
 }
 
-TEST_F(SequenceTest, ACompletedRowIsSoldAndReplaced) {
-  seedRows({"Gb"}, false);
-  startGame();
-  EXPECT_EQ(codesOf(row()), "Gb");
-  pin("Bc");
-  seedRows({"Gm Br Gm"}, true);
-  pin("Gb");
-  EXPECT_EQ(codesOf(row()), "Gm Br Gm");
-  EXPECT_EQ(score(), 5);
-  const auto *p_tag = findFirst<SoldTag>();
-  ASSERT_TRUE(p_tag);
-  EXPECT_EQ(xy(p_tag->getPosition()), xy({10, 10}));
-  EXPECT_EQ(p_tag->getAnimation().getSpriteLabel(), "SoldTag");
-  removeSpawners(); // and what else is marked
-  EXPECT_EQ(pinned(), "Bc");
-  EXPECT_EQ(insects(), 3 + 1) << "the new row and the board";
-}
-
 TEST_F(SequenceTest, WhatStaysOnTheBoardMayBeginOrCompleteTheNewRow) {
   struct Case {
     std::string before;
@@ -87,6 +69,8 @@ TEST_F(SequenceTest, WhatStaysOnTheBoardMayBeginOrCompleteTheNewRow) {
     EXPECT_EQ(progress(), c.progress);
     EXPECT_EQ(score(), c.score);
     EXPECT_EQ(count("SoldTag"), static_cast<int>(c.rows.size()) - 1);
+    world().update();
+    EXPECT_EQ(insects(), row().getCount() + board()->getPinnedBugs().getCount());
     findFirst<Sequence>()->generateSequence(0);
     pin("Br");
     EXPECT_EQ(progress(), 0) << "an empty row ignores pins";
@@ -116,6 +100,9 @@ TEST_F(SequenceTest, TheBoardTakesAPinFirstAndOnceWhereverItIsInTheWorldsList) {
   EXPECT_EQ(pinned(), "Gc") << "what was sold does not come back";
   EXPECT_EQ(codesOf(row()), "Bm");
   EXPECT_EQ(score(), 5);
+  const auto *p_tag = findFirst<SoldTag>();
+  EXPECT_EQ(xy(p_tag->getPosition()), xy({10, 10}));
+  EXPECT_EQ(p_tag->getAnimation().getSpriteLabel(), "SoldTag");
   step();
   pin("Bc Bc Bc Bc Bc Bc Bc");
   EXPECT_EQ(pinned(), "Gc Bc Bc Bc Bc Bc Bc Bc");
