@@ -57,7 +57,6 @@ protected:
     p_o->onEvent = [this](const gw::Event &) {
       const gw::ObjectList objects = world().getAllObjects();
       change(objects[below(objects.getCount())], below(20));
-      return 0;
     };
   }
 

@@ -68,7 +68,7 @@ TEST_F(EngineTest, AStepSleepsForWhatIsLeftAndCarriesItsLateness) {
   FakeTime time;
   long long work = 0;
   auto *p_worker = new Recorder; // works half in its step event, half while drawing
-  p_worker->onEvent = [&](const gw::Event &) { return time.pass(work / 2), 0; };
+  p_worker->onEvent = [&](const gw::Event &) { time.pass(work / 2); };
   p_worker->onDraw = [&] { time.pass(work - work / 2); };
   for (const auto &c : cases) {
     work = c.work;
@@ -89,7 +89,6 @@ TEST_F(EngineTest, TheStepThatEndsTheGameIsCompletedAndIsTheLast) {
     numbers.push_back(dynamic_cast<const gw::EventStep &>(event).getStepCount());
     time.pass(numbers.size() == 1 ? 40000 : 10000);
     game.setGameOver(numbers.size() == 3);
-    return 0;
   };
   game.setGameOver(false);
   game.run();

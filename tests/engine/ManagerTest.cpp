@@ -26,7 +26,6 @@ TEST_F(EngineTest, ABroadcastIsDeliveredAtOnceToAllWhoWereThereWhenItBegan) {
       journal.push_back(name + " " + event.getType());
       if (event.getType() == "outer")
         on_outer();
-      return 1;
     };
   };
   add("a", [&] {

@@ -11,43 +11,17 @@ using gw::IGNORE;
 using gw::OVERLAP;
 using gw::Vector;
 
-/// Writes into the world's journal what it hears (but for steps), when it is drawn and
-/// when it is deleted.
-class Witness : public gw::Object {
-public:
-  std::function<void(const gw::Event &)> onEvent; ///< optional
-  std::function<void()> onDelete;                 ///< optional
-
-  Witness(Lines &init_journal, const std::string &name) : journal(init_journal) {
-    setType(name);
-  }
-  ~Witness() override {
-    note("deleted");
-    if (onDelete)
-      onDelete();
-  }
-  int eventHandler(const gw::Event *p_e) override {
-    if (p_e->getType() != "gw::step")
-      note(p_e->getType().substr(4));
-    if (onEvent)
-      onEvent(*p_e);
-    return 0;
-  }
-  int draw() override { return note("drawn"), 0; }
-
-private:
-  void note(const std::string &what) { journal.push_back(getType() + " " + what); }
-  Lines &journal;
-};
-
 class WorldManagerTest : public EngineTest {
 protected:
-  Witness *add(const std::string &name, Vector where = Vector(64, 24),
-               CollisionResponse response = IGNORE) {
-    auto *p_witness = new Witness(journal, name);
-    p_witness->setPosition(where);
-    p_witness->setCollisionResponse(response);
-    return p_witness;
+  template <class Kind = Recorder>
+  Kind *add(const std::string &name, Vector where = Vector(64, 24),
+            CollisionResponse response = IGNORE) {
+    auto *p_o = new Kind;
+    p_o->p_journal = &journal;
+    p_o->setType(name);
+    p_o->setPosition(where);
+    p_o->setCollisionResponse(response);
+    return p_o;
   }
 
   /// What happens meanwhile.
@@ -74,9 +48,9 @@ TEST_F(WorldManagerTest, ACollisionIsToldToMoverAndOtherAndOnlyTwoBlockersBlock)
                           bool moved) {
     world().shutDown();
     world().startUp();
-    Witness *p_mover = add("mover", {10, 10}, mover);
-    Witness *p_other = add("other", {12, 10}, other);
-    Witness *p_changing = changing == "mover" ? p_mover : p_other;
+    Recorder *p_mover = add("mover", {10, 10}, mover);
+    Recorder *p_other = add("other", {12, 10}, other);
+    Recorder *p_changing = changing == "mover" ? p_mover : p_other;
     p_changing->onEvent = [&](const gw::Event &) {
       p_changing->setCollisionResponse(changed); // counts at once
     };
@@ -97,7 +71,7 @@ TEST_F(WorldManagerTest, ACollisionIsToldToMoverAndOtherAndOnlyTwoBlockersBlock)
 
 TEST_F(WorldManagerTest, EveryCollisionIsToldInListOrderEvenWhenTheFirstBlocks) {
   add("a", {129, 24}, BLOCK);
-  Witness *p_mover = add("mover", {128, 24}, BLOCK);
+  Recorder *p_mover = add("mover", {128, 24}, BLOCK);
   add("far", {131, 24}, BLOCK);
   add("b", {130, 25}, OVERLAP);
   Lines partners;
@@ -119,7 +93,7 @@ TEST_F(WorldManagerTest, EveryCollisionIsToldInListOrderEvenWhenTheFirstBlocks) 
 }
 
 TEST_F(WorldManagerTest, LeavingTheWorldIsToldOncePerCrossing) {
-  Witness *p_mover = add("mover", {127, 24}, OVERLAP);
+  Recorder *p_mover = add("mover", {127, 24}, OVERLAP);
   add("bystander", {64, 24}, OVERLAP);
   const struct {
     Vector to;
@@ -141,7 +115,7 @@ TEST_F(WorldManagerTest, LeavingTheWorldIsToldOncePerCrossing) {
 
 TEST_F(WorldManagerTest, OnlyWhatChangesItsPositionCollides) {
   add("other", {10, 10}, OVERLAP);
-  Witness *p_mover = add("mover", {10, 10}, OVERLAP);
+  Recorder *p_mover = add("mover", {10, 10}, OVERLAP);
   EXPECT_EQ(update(), Lines{}) << "at rest";
   p_mover->setVelocity({-3, -4});
   EXPECT_EQ(update(), Lines{}) << "goes away";
@@ -151,7 +125,7 @@ TEST_F(WorldManagerTest, OnlyWhatChangesItsPositionCollides) {
 
 TEST_F(WorldManagerTest, WhatIsCreatedWhileThingsMoveMovesInTheSameUpdate) {
   add("other", {12, 10}, OVERLAP);
-  Witness *p_mover = add("mover", {10, 10}, OVERLAP), *p_new = nullptr;
+  Recorder *p_mover = add("mover", {10, 10}, OVERLAP), *p_new = nullptr;
   p_mover->setVelocity({1, 0});
   p_mover->onEvent = [&](const gw::Event &) {
     p_new = add("new", {14, 10}, OVERLAP);
@@ -171,8 +145,8 @@ TEST_F(WorldManagerTest, ANullObjectEndsTheProgramWithALine) {
 }
 
 TEST_F(WorldManagerTest, WhatIsMarkedGoesInTheNextUpdate) {
-  Witness *p_doomed = add("doomed");
-  Witness *p_other = add("other", {128, 24});
+  Recorder *p_doomed = add("doomed");
+  Recorder *p_other = add("other", {128, 24});
   p_doomed->onEvent = [&](const gw::Event &) {
     EXPECT_EQ(world().markForDelete(p_doomed), 0);
     EXPECT_EQ(world().markForDelete(p_doomed), 0) << "twice is harmless";
@@ -192,17 +166,16 @@ TEST_F(WorldManagerTest, WhatIsMarkedGoesInTheNextUpdate) {
 
 // The heap likes to give a new object the address of the one deleted before it.
 TEST_F(WorldManagerTest, AMarkHoldsForANewObjectAtTheAddressOfADeletedOne) {
-  struct Successor : Witness {
-    using Witness::Witness;
+  struct Successor : Recorder {
     static void *operator new(std::size_t size) {
       static std::unique_ptr<char[]> place(new char[size]);
       return place.get();
     }
     static void operator delete(void *) {}
   };
-  world().markForDelete(new Successor(journal, "first"));
-  Witness *p_second = add("second");
-  p_second->onDelete = [&] { world().markForDelete(new Successor(journal, "third")); };
+  world().markForDelete(add<Successor>("first"));
+  Recorder *p_second = add("second");
+  p_second->onDelete = [&] { world().markForDelete(add<Successor>("third")); };
   world().markForDelete(p_second);
   EXPECT_EQ(update(), (Lines{"first deleted", "second deleted"}));
   EXPECT_EQ(update(), Lines{"third deleted"});

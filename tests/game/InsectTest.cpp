@@ -37,12 +37,13 @@ TEST_F(InsectTest, OnlyAPressOnAFreeInsectPins) {
       {"release", gw::RELEASED, gw::Mouse::LEFT, true, false, false},
       {"move", gw::MOVED, gw::Mouse::UNDEFINED_MOUSE_BUTTON, true, false, false}};
   for (const auto &c : cases) {
-    auto *p_witness = new Recorder;
+    Lines journal;
+    (new Recorder)->p_journal = &journal;
     Insect *p_insect = add("Gm");
     p_insect->setPinnable(c.pinnable);
     p_insect->setPinned(c.is_pinned);
     sendMouse(c.action, c.button, p_insect->getPosition());
-    EXPECT_EQ(countOf("pin", p_witness->heard), c.pins) << c.what;
+    EXPECT_EQ(countOf("Object pin", journal), c.pins) << c.what;
     EXPECT_EQ(p_insect->getPinned(), c.is_pinned || c.pins) << c.what;
     clearWorld();
   }
@@ -55,7 +56,6 @@ TEST_F(InsectTest, InsectsUnderOnePressArePinnedOnceInTheOrderOfTheWorldsList) {
       told += codeOf(p_pin->getPinnedInsect());
       EXPECT_TRUE(p_pin->getPinnedInsect()->getPinned()) << "before anyone hears of it";
     }
-    return 0;
   };
   add("Br");
   add("Gb");

@@ -10,14 +10,15 @@ TEST_F(SlowerTest, UnslowsOnceInTheThirtyFourthStepAfterTheLatestSlow) {
       {{5, 38}, {72}}, {{0, 34}, {34, 68}}, {{0, 50}, {34, 84}}};
   for (const auto &[slow, expected] : cases) {
     new Slower;
-    auto *p_witness = new Recorder;
+    Lines journal;
+    (new Recorder)->p_journal = &journal;
     Numbers unslow;
     for (int number = 1; number <= 120; number++) {
       if (std::count(slow.begin(), slow.end(), number - 1))
         send(EventSlow());
-      p_witness->heard.clear();
+      journal.clear();
       step();
-      if (countOf("unslow", p_witness->heard) == 1)
+      if (countOf("Object unslow", journal) == 1)
         unslow.push_back(number);
     }
     EXPECT_EQ(unslow, expected) << testing::PrintToString(slow);

@@ -1,5 +1,7 @@
 #include "EngineTest.h"
 
+#include "EventStep.h"
+
 #include <fstream>
 #include <regex>
 
@@ -20,15 +22,31 @@ void EngineTest::step(int steps) {
     gw::GameManager::getInstance().runStep(gw::NEVER_SLEEP);
 }
 
+Recorder::~Recorder() {
+  note("deleted");
+  if (onDelete)
+    onDelete();
+}
+
 int Recorder::eventHandler(const gw::Event *p_e) {
-  heard.push_back(p_e->getType());
-  return onEvent ? onEvent(*p_e) : 0;
+  const std::string event_type = p_e->getType();
+  if (event_type != gw::STEP_EVENT)
+    note(event_type.substr(event_type.rfind(':') + 1));
+  if (onEvent)
+    onEvent(*p_e);
+  return 0;
 }
 
 int Recorder::draw() {
+  note("drawn");
   if (onDraw)
     onDraw();
   return 0;
+}
+
+void Recorder::note(const std::string &what) {
+  if (p_journal)
+    p_journal->push_back(getType() + " " + what);
 }
 
 Lines logLines() {

@@ -29,16 +29,24 @@ protected:
   static gw::WorldManager &world() { return gw::WorldManager::getInstance(); }
 };
 
-/// An object that keeps the types of the events it hears, and does what the test
-/// wants on top. Register it with `new`; the world deletes it.
+/// An object that writes down what happens to it, and does what the test wants on top.
+/// All that it has is optional. Register it with `new`; the world deletes it.
 class Recorder : public gw::Object {
 public:
-  Lines heard;
-  std::function<int(const gw::Event &)> onEvent; ///< optional
-  std::function<void()> onDraw;                  ///< optional
+  /// Gets "TYPE pin" for every event that is heard (but steps), "TYPE drawn" and
+  /// "TYPE deleted". Several may share one.
+  Lines *p_journal = nullptr;
 
+  std::function<void(const gw::Event &)> onEvent;
+  std::function<void()> onDraw;
+  std::function<void()> onDelete;
+
+  ~Recorder() override;
   int eventHandler(const gw::Event *p_e) override;
   int draw() override;
+
+private:
+  void note(const std::string &what);
 };
 
 /// The lines of the log so far, each as "LEVEL: message", without time of day and

@@ -37,7 +37,6 @@ protected:
     ASSERT_EQ(input.startUp(), 0);
     (new Recorder)->onEvent = [this](const gw::Event &event) {
       heard.push_back(describe(event));
-      return 0;
     };
     act("xdotool mousemove 0 0 mousemove --window $W 500 400");
     receive(1);
