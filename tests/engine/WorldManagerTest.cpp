@@ -130,7 +130,6 @@ TEST_F(WorldManagerTest, WhatIsCreatedWhileThingsMoveMovesInTheSameUpdate) {
   p_mover->onEvent = [&](const gw::Event &) {
     p_new = add("new", {14, 10}, OVERLAP);
     p_new->setVelocity({-1, 0});
-    p_mover->onEvent = nullptr;
   };
   EXPECT_EQ(update(), (Lines{"mover collision", "other collision", "new collision",
                              "other collision"}));

@@ -102,17 +102,14 @@ TEST_F(InsectTest, AnInsectThatLeavesTheWorldGoesAndCannotBePinned) {
   }
 }
 
-TEST_F(InsectTest, IsCalledByItsColorUnlessThatIsNone) {
-  const std::pair<int, const char *> cases[] = {
-      {gw::BLACK, "unknown"}, {gw::RED, "red"},       {gw::GREEN, "green"},
-      {gw::YELLOW, "yellow"}, {gw::BLUE, "blue"},     {gw::MAGENTA, "magenta"},
-      {gw::CYAN, "cyan"},     {gw::WHITE, "unknown"}, {-1, "unknown"},
-      {8, "unknown"}};
+TEST_F(InsectTest, IsCalledByItsColorUnlessThatIsBlackOrWhiteOrNone) {
   Insect insect;
-  for (const auto &[color, name] : cases) {
+  std::string names;
+  for (int color = -1; color <= 8; color++) {
     insect.setColor(static_cast<gw::Color>(color));
-    EXPECT_EQ(insect.getColorAsString(), name) << color;
+    names += insect.getColorAsString() + " ";
   }
+  EXPECT_EQ(names, "unknown unknown red green yellow blue magenta cyan unknown unknown ");
 }
 
 TEST_F(InsectTest, KeepsThePictureOfItsKindWhenThereIsNoneOfItsColor) {
