@@ -34,6 +34,7 @@ const struct {
 
 TEST_F(ScorePictureTest, ShowsAmountAndTitleInTheRanksColorOnBothSidesOfEveryThreshold) {
   gw::DisplayManager &display = gw::DisplayManager::getInstance();
+  EXPECT_EQ((new Score)->draw(), -1) << "without its panel it shows nothing";
   ASSERT_EQ(gw::ResourceManager::getInstance().loadSprite(
                 GLIDEWING_RUN_DIR "/tazlet/sprites/score.txt", "Score"),
             0);
