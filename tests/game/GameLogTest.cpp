@@ -13,8 +13,8 @@ protected:
     p_insect->setId(id);
     Lines found = matching(": (PinBoard|Sequence|GameOver)::",
                            logOf([&] { press(p_insect->getPosition()); }));
-    const std::regex insect("object id (\\d+), type (\\w)\\w+, color (\\w)\\w+"),
-        new_insect("object id (\\d+), type (\\w)\\w+, and color (\\w)\\w+");
+    const std::regex insect(R"(object id (\d+), type (\w)\w+, color (\w)\w+)"),
+        new_insect(R"(object id (\d+), type (\w)\w+, and color (\w)\w+)");
     for (std::string &line : found)
       line = std::regex_replace(std::regex_replace(line, insect, "$2$3#$1"), new_insect,
                                 "and $2$3#$1");
