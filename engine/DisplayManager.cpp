@@ -217,11 +217,11 @@ bool DisplayManager::loadFont() {
 }
 
 void DisplayManager::clear() {
-  const sf::Color color = mapGlidewingColorToSFMLColor(window_background_color);
-  p_window->clear(color);
-  p_batch->clear(color);
-  if (!hasDefaultView(*p_window))
+  p_batch->clear(mapGlidewingColorToSFMLColor(window_background_color));
+  if (!hasDefaultView(*p_window)) {
+    p_batch->draw(*p_window);
     p_batch->shareTarget();
+  }
 }
 
 float charWidth() {

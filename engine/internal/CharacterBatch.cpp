@@ -10,8 +10,8 @@ namespace gw {
 
 namespace {
 
-/// The picture is drawn in tiles of so many pixels on a side. Smaller ones leave more of
-/// it out, but take longer to find and to draw.
+/// The picture is cleaned and drawn in tiles of so many pixels on a side. Smaller ones
+/// leave more of it out, but take longer to find and to draw.
 constexpr int TILE = 16;
 
 /// Pixels at the end of each row of the picture that are never seen. Without them, the
@@ -60,7 +60,7 @@ sf::IntRect clip(sf::IntRect area, sf::Vector2i size) {
 
 CharacterBatch::CharacterBatch(sf::Vector2i init_picture_size, sf::Vector2f init_cell)
     : picture_size(init_picture_size), cell(init_cell),
-      stride(init_picture_size.x + STRIDE_PADDING) {
+      stride(init_picture_size.x + STRIDE_PADDING), texture(picture_size, stride) {
 }
 
 void CharacterBatch::setFont(const sf::Font &font) {
@@ -70,6 +70,7 @@ void CharacterBatch::setFont(const sf::Font &font) {
 void CharacterBatch::clear(sf::Color color) {
   vertices.clear();
   last_glyph.reset();
+  last_background.reset();
   if (!picture.empty() && color == clear_color)
     forEachPaintedRun([this](sf::IntRect run) { fill(run, clear_color); });
   else
@@ -78,6 +79,7 @@ void CharacterBatch::clear(sf::Color color) {
   painted.reset(picture_size);
   covered.reset(picture_size);
   is_shared = false;
+  is_begun = false;
   visible_first = {};
   visible_end = sf::Vector2f(picture_size);
   if (has_no_texture)
@@ -96,6 +98,7 @@ void CharacterBatch::shareTarget() {
 /// the border alone is a screen full of them.
 void CharacterBatch::addRow(sf::Vector2f origin, int first, std::string_view row,
                             sf::Color color, sf::Color background) {
+  last_background.reset();
   std::size_t i = 0;
   while (i < row.size()) {
     const auto column = static_cast<float>(first + static_cast<int>(i));
@@ -142,58 +145,29 @@ void CharacterBatch::add(sf::Vector2f position, char ch, sf::Color color,
 
 void CharacterBatch::draw(sf::RenderTarget &target) {
   addLastGlyph({});
-  if (!is_shared)
+  if (!is_begun)
     drawPicture(target);
+  is_begun = true;
   if (vertices.empty())
     return;
   sf::RenderStates states;
   states.texture = glyphs ? &glyphs->getTexture() : nullptr;
   target.draw(vertices.data(), vertices.size(), sf::PrimitiveType::Triangles, states);
   vertices.clear();
+  last_background.reset();
 }
 
-/// Draws the tiles of the picture that have something on them.
+/// Covers the target with what is in the picture, and clears the rest.
 void CharacterBatch::drawPicture(sf::RenderTarget &target) {
-  picture_vertices.clear();
-  int first_row = picture_size.y;
-  int end_row = 0;
-  forEachPaintedRun([this, &first_row, &end_row](sf::IntRect run) {
-    first_row = std::min(first_row, run.position.y);
-    end_row = run.position.y + run.size.y;
-    addQuad(picture_vertices, sf::FloatRect(run), sf::FloatRect(run), sf::Color::White);
-  });
-  if (picture_vertices.empty())
+  areas.clear();
+  if (!has_no_texture)
+    forEachPaintedRun([this](sf::IntRect run) { areas.push_back(run); });
+  if (texture.draw(target, picture.data(), clear_color, areas))
     return;
-  if (!makeTexture())
-    return;
-  texture->setSmooth(sf::Vector2i(target.getSize()) != picture_size);
-  // One row more on both sides, which a smooth texture looks at as well.
-  first_row = std::max(first_row - 1, 0);
-  end_row = std::min(end_row + 1, picture_size.y);
-  const auto *p_rows = reinterpret_cast<const std::uint8_t *>(
-      &picture[static_cast<std::size_t>(first_row * stride)]);
-  texture->update(p_rows, sf::Vector2u(sf::Vector2i(stride, end_row - first_row)),
-                  sf::Vector2u(sf::Vector2i(0, first_row)));
-  sf::RenderStates states(sf::BlendNone);
-  states.texture = &*texture;
-  target.draw(picture_vertices.data(), picture_vertices.size(),
-              sf::PrimitiveType::Triangles, states);
-}
-
-/// @return false when the graphics card has no room: this frame lacks what is in the
-/// picture, and all others are drawn without one
-bool CharacterBatch::makeTexture() {
-  if (texture)
-    return true;
-  texture.emplace();
-  if (texture->resize(sf::Vector2u(sf::Vector2i(stride, picture_size.y))))
-    return true;
-  texture.reset();
-  has_no_texture = true;
+  has_no_texture = true; // this frame lacks the picture; all others do without one
   LogManager::getInstance().writeLog(
-      WARNING, "gw::CharacterBatch::makeTexture() - No texture can be made for the "
+      WARNING, "gw::CharacterBatch::drawPicture() - No texture can be made for the "
                "picture. Drawing will be slow.");
-  return false;
 }
 
 template <class Visit> void CharacterBatch::forEachPaintedRun(Visit visit) const {
@@ -257,8 +231,28 @@ void CharacterBatch::addBackground(sf::FloatRect area, sf::Color color) {
   const sf::IntRect touched = touchedPixels(area);
   if (color == clear_color && isUntouched(touched))
     return;
-  addQuad(vertices, area, WHITE_TEXEL, color);
   covered.insert(touched);
+  if (joinBackground(area, color))
+    return;
+  last_background = {vertices.size(), area, color, {}};
+  addQuad(vertices, area, WHITE_TEXEL, color);
+}
+
+/// Makes the last background wider instead of adding one beside it: it may be painted
+/// before the glyph between the two, which does not reach into the new one.
+bool CharacterBatch::joinBackground(sf::FloatRect area, sf::Color color) {
+  if (!last_background || last_background->color != color ||
+      last_background->glyph.findIntersection(touchedPixels(area)))
+    return false;
+  sf::FloatRect &joined = last_background->area;
+  if (joined.position.y != area.position.y ||
+      std::fabs(joined.position.x + joined.size.x - area.position.x) > ROUNDING)
+    return false;
+  joined.size.x = area.position.x + area.size.x - joined.position.x;
+  for (const std::size_t right : {1, 4, 5}) // see `addQuad`
+    vertices[last_background->first_vertex + right].position.x =
+        joined.position.x + joined.size.x;
+  return true;
 }
 
 void CharacterBatch::addGlyph(sf::Vector2f position, const GlyphCache::Glyph &glyph,
@@ -305,6 +299,8 @@ void CharacterBatch::addLastGlyph(sf::FloatRect next_background) {
   }
   addQuad(vertices, quad.area, quad.texels, quad.color);
   covered.insert(quad.touched);
+  if (last_background)
+    last_background->glyph = quad.touched;
 }
 
 void CharacterBatch::addQuad(std::vector<sf::Vertex> &triangles, sf::FloatRect area,

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "internal/GlyphCache.h"
+#include "internal/PictureTexture.h"
 #include "internal/PixelSet.h"
 
 #include <SFML/Graphics/RenderTarget.hpp>
-#include <SFML/Graphics/Texture.hpp>
 #include <SFML/Graphics/Vertex.hpp>
 
 #include <cstdint>
@@ -34,8 +34,8 @@ public:
   /// @param font not owned; must stay alive as long as this object
   void setFont(const sf::Font &font);
 
-  /// Begins a frame on a target that was just cleared to `color`. What was added and
-  /// not drawn is dropped.
+  /// Begins a frame of that colour. What was added and not drawn is dropped. The target
+  /// itself is cleared or covered by the first `draw`.
   void clear(sf::Color color);
 
   /// Adds characters side by side, the first one `first` cells to the right of `origin`
@@ -52,6 +52,14 @@ public:
   void shareTarget();
 
 private:
+  /// The last background among the triangles, and the pixels of the glyph after it.
+  struct LastBackground {
+    std::size_t first_vertex;
+    sf::FloatRect area; ///< pixels
+    sf::Color color;
+    sf::IntRect glyph; ///< touched; empty without one
+  };
+
   /// A glyph of the font as triangles.
   struct GlyphQuad {
     sf::FloatRect area;   ///< pixels
@@ -75,12 +83,12 @@ private:
              GlyphCache::Glyph *p_glyph, sf::Color color);
   void copy(const GlyphCache::Stamp &stamp, sf::IntRect area);
   void addBackground(sf::FloatRect area, sf::Color color);
+  bool joinBackground(sf::FloatRect area, sf::Color color);
   void addGlyph(sf::Vector2f position, const GlyphCache::Glyph &glyph, sf::Color color);
   void addLastGlyph(sf::FloatRect next_background);
   void addQuad(std::vector<sf::Vertex> &triangles, sf::FloatRect area,
                sf::FloatRect texture_area, sf::Color color);
   void drawPicture(sf::RenderTarget &target);
-  bool makeTexture();
 
   sf::Vector2i picture_size;        ///< pixels
   sf::Vector2f cell;                ///< pixels
@@ -88,18 +96,20 @@ private:
 
   sf::Color clear_color;
   bool is_shared = false;
+  bool is_begun = false; ///< the target was covered or cleared in this frame
   sf::Vector2f visible_first, visible_end; ///< of the target; pixels, the end excluded
 
   int stride;                         ///< pixels from a row of the picture to the next
   std::vector<std::uint32_t> picture; ///< row by row (Pixel.h); empty before `clear`
   PixelSet painted; ///< where the picture may differ from the clear colour
-  std::optional<sf::Texture> texture;       ///< of the picture
-  bool has_no_texture = false;              ///< it could not be made
-  std::vector<sf::Vertex> picture_vertices; ///< kept for its memory only
+  PictureTexture texture;
+  bool has_no_texture = false;    ///< it could not be made
+  std::vector<sf::IntRect> areas; ///< kept for its memory only
 
   std::vector<sf::Vertex> vertices;    ///< triangles on top of the picture, not yet drawn
   std::optional<GlyphQuad> last_glyph; ///< not yet among them
-  PixelSet covered;                    ///< touched by these triangles
+  std::optional<LastBackground> last_background; ///< of this row
+  PixelSet covered;                              ///< touched by these triangles
 };
 
 } // namespace gw
