@@ -18,8 +18,8 @@ constexpr float CELL_HEIGHT = 8;
 
 /// The plane wraps around after so many cells in a row or column (a power of two).
 /// Boxes of places so far from each other share a cell and are told apart when looked
-/// at.
-constexpr int CELLS = 128;
+/// at. More of these take memory, fewer take time in worlds that are wider.
+constexpr int CELLS = 256;
 constexpr int APART = CELLS * CELLS; ///< the cell of the boxes that are kept apart
 
 /// Below `FAR`, corner + size is exact to `SLACK`.
