@@ -75,8 +75,9 @@ public:
 
   /// The window (`<SFML/Graphics/RenderWindow.hpp>`), with all that was drawn so far in
   /// it; stays this manager's. Null before start-up and after shut-down. The caller may
-  /// draw on it, and the rest of this frame becomes slower for that: to find out whether
-  /// there is a window, ask `hasWindow`. A window with a view other than its default one
+  /// draw on it, and the rest of this frame becomes slower for that; what was drawn on it
+  /// in this frame without asking is lost. To find out whether there is a window, ask
+  /// `hasWindow`. A window with a view other than its default one
   /// (a camera) makes every frame slower, and shows what is drawn outside the grid where
   /// the view takes it in.
   sf::RenderWindow *getWindow() const;
