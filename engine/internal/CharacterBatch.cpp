@@ -249,7 +249,7 @@ bool CharacterBatch::joinBackground(sf::FloatRect area, sf::Color color) {
       std::fabs(joined.position.x + joined.size.x - area.position.x) > ROUNDING)
     return false;
   joined.size.x = area.position.x + area.size.x - joined.position.x;
-  for (const std::size_t right : {1, 4, 5}) // see `addQuad`
+  for (const std::size_t right : {1U, 4U, 5U}) // see `addQuad`
     vertices[last_background->first_vertex + right].position.x =
         joined.position.x + joined.size.x;
   return true;
