@@ -128,7 +128,7 @@ sf::Color DisplayManager::mapGlidewingColorToSFMLColor(Color color) const {
 }
 
 int DisplayManager::setBackgroundColor(Color new_color) {
-  window_background_color = isColorValid(new_color) ? new_color : COLOR_DEFAULT;
+  window_background_color = new_color;
   if (isColorValid(new_color))
     return 0;
   LogManager::getInstance().writeLog(

@@ -140,7 +140,7 @@ private:
   int window_vertical_chars = WINDOW_VERTICAL_CHARS_DEFAULT;
   int window_horizontal_pixels = WINDOW_HORIZONTAL_PIXELS_DEFAULT;
   int window_vertical_pixels = WINDOW_VERTICAL_PIXELS_DEFAULT;
-  Color window_background_color = BLACK;
+  Color window_background_color = BLACK; ///< may be invalid: then it is white
 };
 
 /// Width and height of a cell in pixels. @{

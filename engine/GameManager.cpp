@@ -22,40 +22,34 @@ GameManager &GameManager::getInstance() {
 }
 
 int GameManager::startUp() {
-  LogManager &log = LogManager::getInstance();
-  if (isStarted()) {
-    log.writeLog(INFO, "GameManager is already started.");
-    return 0;
-  }
-  log.startUp();
-  DisplayManager::getInstance().startUp();
-  if (!DisplayManager::getInstance().hasWindow())
-    return -1;
-  InputManager::getInstance().startUp();
-  ResourceManager::getInstance().startUp();
-  WorldManager::getInstance().startUp();
-  becomeStarted();
-  return 0;
+  return start(true);
 }
 
 int GameManager::startUpHeadless() {
+  return start(false);
+}
+
+int GameManager::start(bool with_display) {
   LogManager &log = LogManager::getInstance();
   if (isStarted()) {
     log.writeLog(INFO, "GameManager is already started.");
     return 0;
   }
   log.startUp();
+  if (with_display) {
+    DisplayManager::getInstance().startUp();
+    if (!DisplayManager::getInstance().hasWindow())
+      return -1;
+    InputManager::getInstance().startUp();
+  } else {
+    silencePlayback();
+  }
   ResourceManager::getInstance().startUp();
   WorldManager::getInstance().startUp();
-  silencePlayback();
-  becomeStarted();
-  return 0;
-}
-
-void GameManager::becomeStarted() {
   game_over = false;
   Manager::startUp();
-  LogManager::getInstance().writeLog(INFO, "GameManager is started up.");
+  log.writeLog(INFO, "GameManager is started up.");
+  return 0;
 }
 
 void GameManager::shutDown() {

@@ -59,7 +59,7 @@ public:
 private:
   GameManager();
 
-  void becomeStarted();
+  int start(bool with_display);
 
   bool game_over = false;
   int step_count = 0;

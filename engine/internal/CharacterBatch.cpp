@@ -2,6 +2,7 @@
 
 #include "LogManager.h"
 #include "internal/Pixel.h"
+#include "internal/quad.h"
 
 #include <algorithm>
 #include <cmath>
@@ -106,9 +107,10 @@ void CharacterBatch::addRow(sf::Vector2f origin, int first, std::string_view row
     const std::size_t end = std::min(row.find_first_not_of(' ', i), row.size());
     if (end > i + 1 && background == clear_color) {
       const sf::FloatRect blanks = backgroundArea(position, end - i);
-      if (isVisible(blanks))
+      const bool is_visible = isVisible(blanks);
+      if (is_visible)
         addLastGlyph(blanks);
-      if (!isVisible(blanks) || isUntouched(touchedPixels(blanks))) {
+      if (!is_visible || isUntouched(touchedPixels(blanks))) {
         i = end;
         continue;
       }
@@ -249,7 +251,7 @@ bool CharacterBatch::joinBackground(sf::FloatRect area, sf::Color color) {
       std::fabs(joined.position.x + joined.size.x - area.position.x) > ROUNDING)
     return false;
   joined.size.x = area.position.x + area.size.x - joined.position.x;
-  for (const std::size_t right : {1U, 4U, 5U}) // see `addQuad`
+  for (const std::size_t right : RIGHT_VERTICES)
     vertices[last_background->first_vertex + right].position.x =
         joined.position.x + joined.size.x;
   return true;
@@ -301,20 +303,6 @@ void CharacterBatch::addLastGlyph(sf::FloatRect next_background) {
   covered.insert(quad.touched);
   if (last_background)
     last_background->glyph = quad.touched;
-}
-
-void CharacterBatch::addQuad(std::vector<sf::Vertex> &triangles, sf::FloatRect area,
-                             sf::FloatRect texture_area, sf::Color color) {
-  const sf::Vector2f a = area.position;
-  const sf::Vector2f b = area.position + area.size;
-  const sf::Vector2f s = texture_area.position;
-  const sf::Vector2f t = texture_area.position + texture_area.size;
-  const sf::Vertex top_left{a, color, s};
-  const sf::Vertex top_right{{b.x, a.y}, color, {t.x, s.y}};
-  const sf::Vertex bottom_left{{a.x, b.y}, color, {s.x, t.y}};
-  const sf::Vertex bottom_right{b, color, t};
-  triangles.insert(triangles.end(), {top_left, top_right, bottom_left, bottom_left,
-                                     top_right, bottom_right});
 }
 
 /// Whether the pixels of the target still have the clear colour.

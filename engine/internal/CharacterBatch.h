@@ -86,8 +86,6 @@ private:
   bool joinBackground(sf::FloatRect area, sf::Color color);
   void addGlyph(sf::Vector2f position, const GlyphCache::Glyph &glyph, sf::Color color);
   void addLastGlyph(sf::FloatRect next_background);
-  void addQuad(std::vector<sf::Vertex> &triangles, sf::FloatRect area,
-               sf::FloatRect texture_area, sf::Color color);
   void drawPicture(sf::RenderTarget &target);
 
   sf::Vector2i picture_size;        ///< pixels

@@ -1,5 +1,7 @@
 #include "internal/PictureTexture.h"
 
+#include "internal/quad.h"
+
 #include <SFML/Window/Context.hpp>
 
 #include <algorithm>
@@ -111,18 +113,8 @@ void PictureTexture::drawWhole(sf::RenderTarget &target) {
 void PictureTexture::drawAreas(sf::RenderTarget &target,
                                const std::vector<sf::IntRect> &areas) {
   vertices.clear();
-  for (const sf::IntRect &area : areas) {
-    const sf::Vector2f a(area.position);
-    const sf::Vector2f b(area.position + area.size);
-    const sf::Vertex top_right{{b.x, a.y}, sf::Color::White, {b.x, a.y}};
-    const sf::Vertex bottom_left{{a.x, b.y}, sf::Color::White, {a.x, b.y}};
-    vertices.insert(vertices.end(), {{a, sf::Color::White, a},
-                                     top_right,
-                                     bottom_left,
-                                     bottom_left,
-                                     top_right,
-                                     {b, sf::Color::White, b}});
-  }
+  for (const sf::IntRect &area : areas)
+    addQuad(vertices, sf::FloatRect(area), sf::FloatRect(area), sf::Color::White);
   sf::RenderStates states(sf::BlendNone);
   states.texture = &*texture;
   target.draw(vertices.data(), vertices.size(), sf::PrimitiveType::Triangles, states);
