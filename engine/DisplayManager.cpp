@@ -1,6 +1,7 @@
 #include "DisplayManager.h"
 
 #include "LogManager.h"
+#include "TextScreen.h"
 #include "internal/CharacterBatch.h"
 #include "internal/DisplayConnection.h"
 #include "internal/platform.h"
@@ -154,13 +155,17 @@ int DisplayManager::drawString(Vector world_pos, std::string str, Justification 
 
 int DisplayManager::drawRow(Vector world_pos, int first, std::string_view row,
                             Color color) const {
-  if (!p_window)
+  if (!isDrawable())
     return -1;
   if (!isColorValid(color))
     for (std::size_t i = 0; i < row.size(); i++)
       LogManager::getInstance().writeLog(
           WARNING,
           "Invalid color provided. Using default glidewing color for character.");
+  if (p_drawn_text)
+    p_drawn_text->drawRow(world_pos + Vector(static_cast<float>(first), 0), row, color);
+  if (!p_window)
+    return 0;
   const Vector pixels = spacesToPixels(world_pos);
   p_batch->addRow({pixels.getX(), pixels.getY()}, first, row,
                   mapGlidewingColorToSFMLColor(color),
@@ -169,12 +174,27 @@ int DisplayManager::drawRow(Vector world_pos, int first, std::string_view row,
 }
 
 int DisplayManager::swapBuffers() {
-  if (!p_window)
+  if (!isDrawable())
     return -1;
-  p_batch->draw(*p_window);
-  p_window->display();
-  clear();
+  if (p_drawn_text)
+    std::swap(p_drawn_text, p_shown_text);
+  if (p_window) {
+    if (overlay)
+      overlay();
+    p_batch->draw(*p_window);
+    p_window->display();
+    clear();
+  }
+  if (p_drawn_text)
+    p_drawn_text->clear();
   return 0;
+}
+
+void DisplayManager::setTextKept(bool is_kept) {
+  if (is_kept == (p_drawn_text != nullptr))
+    return;
+  p_drawn_text = is_kept ? std::make_unique<TextScreen>() : nullptr;
+  p_shown_text = is_kept ? std::make_unique<TextScreen>() : nullptr;
 }
 
 bool DisplayManager::openWindow() {

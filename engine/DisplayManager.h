@@ -4,10 +4,12 @@
 #include "Manager.h"
 #include "Vector.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace sf {
 class Color;
@@ -19,6 +21,7 @@ class RenderWindow;
 namespace gw {
 
 class CharacterBatch;
+class TextScreen;
 
 /// The title in the window's frame.
 inline const std::string WINDOW_TITLE_DEFAULT = "Glidewing";
@@ -110,7 +113,7 @@ public:
 
   /// Draws one character, or a string of them side by side, at `world_pos`
   /// (cells). An invalid colour draws in white, with a WARNING.
-  /// @return 0, or -1 without a window @{
+  /// @return 0, or -1 when there is nothing to draw on (`isDrawable`) @{
   int drawCh(Vector world_pos, char ch, Color color) const;
   int drawString(Vector world_pos, std::string str, Justification just,
                  Color color) const; ///@}
@@ -120,8 +123,23 @@ public:
   int drawRow(Vector world_pos, int first, std::string_view row, Color color) const;
 
   /// Shows what was drawn and clears for the next frame.
-  /// @return 0, or -1 without a window
+  /// @return 0, or -1 when there was nothing to draw on
   int swapBuffers();
+
+  /// Whether what is drawn is kept as text as well, from the next frame on: with a
+  /// window, or in place of one. Off unless set, and then costs nothing.
+  void setTextKept(bool is_kept);
+
+  /// The frame shown last, as text; this manager's, and the next `swapBuffers` overwrites
+  /// it. Null where no text is kept. What was drawn on the window itself is not in it.
+  const TextScreen *getText() const { return p_shown_text.get(); }
+
+  /// Whether there is a window, or text is kept: whether drawing arrives anywhere.
+  bool isDrawable() const { return p_window || p_drawn_text; }
+
+  /// Called before each frame is shown in the window. What it draws is on top of the
+  /// frame, and not in the text. An empty function ends it.
+  void setOverlay(std::function<void()> new_overlay) { overlay = std::move(new_overlay); }
 
 private:
   DisplayManager();
@@ -135,6 +153,11 @@ private:
   sf::RenderWindow *p_window = nullptr;
   std::unique_ptr<sf::Font> p_font;        ///< null without one
   std::unique_ptr<CharacterBatch> p_batch; ///< drawn, not in the window yet; null without
+  std::unique_ptr<TextScreen>
+      p_drawn_text; ///< of this frame so far; null where none is kept
+  std::unique_ptr<TextScreen>
+      p_shown_text;              ///< of the last frame; null where none is kept
+  std::function<void()> overlay; ///< may be empty
   std::string window_title = WINDOW_TITLE_DEFAULT;
   int window_horizontal_chars = WINDOW_HORIZONTAL_CHARS_DEFAULT;
   int window_vertical_chars = WINDOW_VERTICAL_CHARS_DEFAULT;

@@ -20,7 +20,7 @@ int Frame::draw(Vector position, Color color) const {
     return -1;
   }
   const DisplayManager &display = DisplayManager::getInstance();
-  if (!display.hasWindow()) // spares a game without one the walk over all cells
+  if (!display.isDrawable()) // spares a game without a display the walk over all rows
     return 0;
   const int x_off = width / 2;
   const int y_off = height / 2;

@@ -22,14 +22,14 @@ GameManager &GameManager::getInstance() {
 }
 
 int GameManager::startUp() {
-  return start(true);
+  return start(true, true);
 }
 
-int GameManager::startUpHeadless() {
-  return start(false);
+int GameManager::startUpHeadless(bool is_audible) {
+  return start(false, is_audible);
 }
 
-int GameManager::start(bool with_display) {
+int GameManager::start(bool with_display, bool is_audible) {
   LogManager &log = LogManager::getInstance();
   if (isStarted()) {
     log.writeLog(INFO, "GameManager is already started.");
@@ -41,9 +41,9 @@ int GameManager::start(bool with_display) {
     if (!DisplayManager::getInstance().hasWindow())
       return -1;
     InputManager::getInstance().startUp();
-  } else {
-    silencePlayback();
   }
+  if (!is_audible)
+    silencePlayback();
   ResourceManager::getInstance().startUp();
   WorldManager::getInstance().startUp();
   game_over = false;

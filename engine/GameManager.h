@@ -27,10 +27,12 @@ public:
   /// until the process ends, so that the caller can write to it.
   int startUp() override;
 
-  /// Starts log, resources and world only: no window is opened, nothing is heard, and
-  /// steps are as fast as the machine. For tests, measurements, replays.
+  /// Starts log, resources and world only: no window is opened, and there is no input but
+  /// what is posted. For tests, measurements, replays, and for games that are shown
+  /// elsewhere.
+  /// @param is_audible whether sounds and music are heard
   /// @return 0, also when already started
-  int startUpHeadless();
+  int startUpHeadless(bool is_audible = false);
 
   /// Stops the managers in the reverse order.
   void shutDown() override;
@@ -59,7 +61,7 @@ public:
 private:
   GameManager();
 
-  int start(bool with_display);
+  int start(bool with_display, bool is_audible);
 
   bool game_over = false;
   int step_count = 0;

@@ -142,8 +142,21 @@ template <class KeyEvent> sf::Keyboard::Key keyOf(const KeyEvent &event) {
   return event.code == sf::Keyboard::Key::Unknown ? keyAt(event.scancode) : event.code;
 }
 
-Vector toVector(sf::Vector2i pixels) {
-  return Vector(static_cast<float>(pixels.x), static_cast<float>(pixels.y));
+EventKeyboard makeKeyEvent(Keyboard::Key key, EventKeyboardAction action) {
+  EventKeyboard event;
+  event.setKey(key);
+  event.setKeyboardAction(action);
+  return event;
+}
+
+EventMouse makeMouseEvent(Mouse::Button button, EventMouseAction action,
+                          sf::Vector2i pixels) {
+  EventMouse event;
+  event.setMouseButton(button);
+  event.setMouseAction(action);
+  event.setMousePosition(
+      pixelsToSpaces(Vector(static_cast<float>(pixels.x), static_cast<float>(pixels.y))));
+  return event;
 }
 
 /// Events that wait for the next `getInput`.
@@ -194,35 +207,55 @@ void InputManager::getInput() const {
   const std::vector<sf::Event> events = std::move(posted);
   posted.clear();
   for (const sf::Event &event : events)
-    handle(event);
+    handle(event, true);
   while (const std::optional<sf::Event> event = DisplayManager::getInstance().pollEvent())
-    handle(*event);
+    handle(*event, false);
 }
 
 void InputManager::postEvent(const sf::Event &event) const {
   posted.push_back(event);
 }
 
-void InputManager::handle(const sf::Event &event) const {
+void InputManager::handle(const sf::Event &event, bool is_posted) const {
   if (event.is<sf::Event::Closed>())
     GameManager::getInstance().setGameOver(true);
   else if (const auto *pressed = event.getIf<sf::Event::KeyPressed>())
-    sendKey(keyOf(*pressed), KEY_PRESSED);
+    send(makeKeyEvent(mapSFMLKeyToGlidewingKey(keyOf(*pressed)), KEY_PRESSED), is_posted);
   else if (const auto *released = event.getIf<sf::Event::KeyReleased>())
-    sendKey(keyOf(*released), KEY_RELEASED);
+    send(makeKeyEvent(mapSFMLKeyToGlidewingKey(keyOf(*released)), KEY_RELEASED),
+         is_posted);
   else if (const auto *move = event.getIf<sf::Event::MouseMoved>())
-    sendMouse(Mouse::UNDEFINED_MOUSE_BUTTON, MOVED, toVector(move->position));
+    send(makeMouseEvent(Mouse::UNDEFINED_MOUSE_BUTTON, MOVED, move->position), is_posted);
   else if (const auto *press = event.getIf<sf::Event::MouseButtonPressed>())
-    sendMouse(mapSFMLButtonToGlidewingButton(press->button), PRESSED,
-              toVector(press->position));
+    send(makeMouseEvent(mapSFMLButtonToGlidewingButton(press->button), PRESSED,
+                        press->position),
+         is_posted);
   else if (const auto *release = event.getIf<sf::Event::MouseButtonReleased>())
-    sendMouse(mapSFMLButtonToGlidewingButton(release->button), RELEASED,
-              toVector(release->position));
+    send(makeMouseEvent(mapSFMLButtonToGlidewingButton(release->button), RELEASED,
+                        release->position),
+         is_posted);
+}
+
+void InputManager::send(const Event &event, bool is_posted) const {
+  if (!filter || filter(event, is_posted))
+    WorldManager::getInstance().onEvent(&event);
 }
 
 Keyboard::Key InputManager::mapSFMLKeyToGlidewingKey(sf::Keyboard::Key key) const {
   const auto code = static_cast<unsigned>(key);
   return code < KEYS.size() ? KEYS[code] : Keyboard::UNDEFINED_KEY;
+}
+
+sf::Keyboard::Key InputManager::mapGlidewingKeyToSFMLKey(Keyboard::Key key) const {
+  const auto index = static_cast<std::size_t>(key); // the pairs are in the engine's order
+  return index < std::size(KEY_PAIRS) ? KEY_PAIRS[index].library
+                                      : sf::Keyboard::Key::Unknown;
+}
+
+sf::Mouse::Button
+InputManager::mapGlidewingButtonToSFMLButton(Mouse::Button button) const {
+  return button == Mouse::UNDEFINED_MOUSE_BUTTON ? sf::Mouse::Button::Extra1
+                                                 : static_cast<sf::Mouse::Button>(button);
 }
 
 bool InputManager::isSFMLKeyValid(sf::Keyboard::Key key) const {
@@ -237,22 +270,6 @@ InputManager::mapSFMLButtonToGlidewingButton(sf::Mouse::Button button) const {
 
 bool InputManager::isSFMLButtonValid(sf::Mouse::Button button) const {
   return static_cast<unsigned>(button) <= Mouse::MIDDLE;
-}
-
-void InputManager::sendKey(sf::Keyboard::Key key, EventKeyboardAction action) const {
-  EventKeyboard event;
-  event.setKey(mapSFMLKeyToGlidewingKey(key));
-  event.setKeyboardAction(action);
-  WorldManager::getInstance().onEvent(&event);
-}
-
-void InputManager::sendMouse(Mouse::Button button, EventMouseAction action,
-                             Vector pixels) const {
-  EventMouse event;
-  event.setMouseButton(button);
-  event.setMouseAction(action);
-  event.setMousePosition(pixelsToSpaces(pixels));
-  WorldManager::getInstance().onEvent(&event);
 }
 
 } // namespace gw

@@ -7,6 +7,9 @@
 #include <SFML/Window/Keyboard.hpp>
 #include <SFML/Window/Mouse.hpp>
 
+#include <functional>
+#include <utility>
+
 namespace sf {
 class Event;
 }
@@ -38,12 +41,24 @@ public:
   /// For demos, replays and tests.
   void postEvent(const sf::Event &event) const;
 
+  /// Sees a key or mouse event before any object does; `is_posted` tells those of
+  /// `postEvent` from the window's. @return whether the objects are to hear of it
+  using Filter = std::function<bool(const Event &event, bool is_posted)>;
+
+  /// Has every key and mouse event pass there. An empty function ends it.
+  void setFilter(Filter new_filter) { filter = std::move(new_filter); }
+
   /// The engine's key or button for one of the window library's; undefined for all
   /// others, whatever the number. (A pressed or released key without a code, as on a
   /// keyboard layout of another script, counts as the key at its place on a US
   /// keyboard.) @{
   Keyboard::Key mapSFMLKeyToGlidewingKey(sf::Keyboard::Key key) const;
   Mouse::Button mapSFMLButtonToGlidewingButton(sf::Mouse::Button button) const; ///@}
+
+  /// The other way; what the window library has no code of its own for, or one that is
+  /// undefined here, where the key or button is undefined. @{
+  sf::Keyboard::Key mapGlidewingKeyToSFMLKey(Keyboard::Key key) const;
+  sf::Mouse::Button mapGlidewingButtonToSFMLButton(Mouse::Button button) const; ///@}
 
   /// Whether the engine knows that key or button. @{
   bool isSFMLKeyValid(sf::Keyboard::Key key) const;
@@ -52,9 +67,10 @@ public:
 private:
   InputManager();
 
-  void handle(const sf::Event &event) const;
-  void sendKey(sf::Keyboard::Key key, EventKeyboardAction action) const;
-  void sendMouse(Mouse::Button button, EventMouseAction action, Vector pixels) const;
+  void handle(const sf::Event &event, bool is_posted) const;
+  void send(const Event &event, bool is_posted) const;
+
+  Filter filter; ///< may be empty
 };
 
 } // namespace gw
