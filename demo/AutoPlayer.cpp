@@ -3,24 +3,18 @@
 #include "Bee.h"
 #include "DisplayManager.h"
 #include "GameStart.h"
+#include "Input.h"
 #include "Sequence.h"
 #include "WorldManager.h"
 #include "gameUtility.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
 constexpr float REACH = 9;     ///< cells that the pointer gets in a step
 constexpr float BEE_NEAR = 16; ///< cells from the pointer
 constexpr int MENU_STEPS = 45; ///< how long the title shows before the next game
-
-sf::Vector2i toPixels(gw::Vector cells) {
-  const gw::Vector pixels = gw::spacesToPixels(cells);
-  return {static_cast<int>(std::lround(pixels.getX())),
-          static_cast<int>(std::lround(pixels.getY()))};
-}
 
 float distance(gw::Vector a, gw::Vector b) {
   return gw::Vector(a.getX() - b.getX(), a.getY() - b.getY()).getMagnitude();
@@ -80,7 +74,7 @@ AutoPlayer::AutoPlayer(Profile init_profile, unsigned seed)
 
 void AutoPlayer::play(int) {
   if (is_pressing) {
-    releaseButton(sf::Mouse::Button::Left, toPixels(pointer));
+    gw::releaseMouse(gw::Mouse::LEFT, pointer);
     is_pressing = false;
     return;
   }
@@ -105,8 +99,8 @@ void AutoPlayer::leaveMenu() {
   const auto *p_menu = findFirst<GameStart>();
   menu_steps = p_menu && p_menu->getMenuActive() ? menu_steps + 1 : 0;
   if (menu_steps > MENU_STEPS) {
-    pressKey(sf::Keyboard::Key::P);
-    releaseKey(sf::Keyboard::Key::P);
+    gw::pressKey(gw::Keyboard::P);
+    gw::releaseKey(gw::Keyboard::P);
   }
 }
 
@@ -132,7 +126,7 @@ void AutoPlayer::playWell() {
 void AutoPlayer::playRandomly() {
   moveTowards(drawPosition());
   if (drawNumber(4) == 0)
-    pressAt(pointer, sf::Mouse::Button::Left);
+    pressAt(pointer);
 }
 
 void AutoPlayer::playGreedily() {
@@ -149,26 +143,27 @@ void AutoPlayer::playHostilely() {
       where =
           insects[static_cast<std::size_t>(drawNumber(static_cast<int>(insects.size())))]
               ->getPosition();
-    const auto button = static_cast<sf::Mouse::Button>(
-        drawNumber(static_cast<int>(sf::Mouse::ButtonCount)));
-    const auto key = static_cast<sf::Keyboard::Key>(
-        drawNumber(static_cast<int>(sf::Keyboard::KeyCount) + 1) - 1);
+    // Both also those that the engine does not know.
+    const auto button =
+        static_cast<gw::Mouse::Button>(drawNumber(gw::Mouse::MIDDLE + 2) - 1);
+    const auto key =
+        static_cast<gw::Keyboard::Key>(drawNumber(gw::Keyboard::PAUSE + 2) - 1);
     switch (drawNumber(6)) {
     case 0:
-      moveMouse(toPixels(where));
+      gw::moveMouse(where);
       break;
     case 1:
-      releaseButton(button, toPixels(where));
+      gw::releaseMouse(button, where);
       break;
     case 2:
-      if (key != sf::Keyboard::Key::Q)
-        pressKey(key);
+      if (key != gw::Keyboard::Q)
+        gw::pressKey(key);
       break;
     case 3:
-      releaseKey(key);
+      gw::releaseKey(key);
       break;
     default:
-      pressButton(button, toPixels(where));
+      gw::pressMouse(button, where);
     }
   }
 }
@@ -177,7 +172,7 @@ void AutoPlayer::goFor(const Insect &insect) {
   moveTowards(insect.getPosition());
   const bool is_there = distance(pointer, insect.getPosition()) < 1;
   if (is_there && (profile == Profile::greedy || !hitsOthers(pointer, insect)))
-    pressAt(pointer, sf::Mouse::Button::Left);
+    pressAt(pointer);
 }
 
 void AutoPlayer::moveTowards(gw::Vector goal) {
@@ -187,11 +182,11 @@ void AutoPlayer::moveTowards(gw::Vector goal) {
     way.scale(REACH);
   }
   pointer = pointer + way;
-  moveMouse(toPixels(pointer));
+  gw::moveMouse(pointer);
 }
 
-void AutoPlayer::pressAt(gw::Vector where, sf::Mouse::Button button) {
-  pressButton(button, toPixels(where));
+void AutoPlayer::pressAt(gw::Vector where) {
+  gw::pressMouse(gw::Mouse::LEFT, where);
   is_pressing = true;
 }
 

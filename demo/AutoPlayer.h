@@ -1,5 +1,6 @@
 #pragma once
 
+#include "EventMouse.h"
 #include "Insect.h"
 #include "Player.h"
 
@@ -32,12 +33,13 @@ inline constexpr std::array<NamedProfile, 4> PROFILES = {{
 
 /// Plays by itself, game after game. What it does depends on nothing but the seed
 /// and the world; it does not touch the game's own generator.
-class AutoPlayer : public Player {
+class AutoPlayer : public gw::Player {
 public:
   AutoPlayer(Profile init_profile, unsigned seed);
 
-private:
   void play(int step) override;
+
+private:
   void leaveMenu();
   void playWell();
   void playRandomly();
@@ -48,7 +50,7 @@ private:
   /// presses when it is there.
   void goFor(const Insect &insect);
   void moveTowards(gw::Vector goal);
-  void pressAt(gw::Vector where, sf::Mouse::Button button);
+  void pressAt(gw::Vector where);
 
   int drawNumber(int bound); ///< a random number, 0 up to but not including `bound`
   gw::Vector drawPosition();

@@ -1,12 +1,6 @@
 #pragma once
 
 #include "Object.h"
-#include "Recording.h"
-
-namespace gw {
-class EventKeyboard;
-class EventMouse;
-} // namespace gw
 
 /// What a run reached.
 struct Achievements {
@@ -17,12 +11,13 @@ struct Achievements {
   int sold_on_full_board = 0;     ///< boards overflowed while a row completed
 };
 
-/// Watches the game: counts what is reached, and writes every input event to a recording.
-/// Invisible, without collisions; changes nothing.
+/// Watches the game and counts what is reached. Invisible, without collisions; changes
+/// nothing.
 class Witness : public gw::Object {
 public:
-  /// @param p_init_writer not owned, must outlive the world; null records nothing
-  explicit Witness(RecordingWriter *p_init_writer);
+  static constexpr const char *TYPE = "Witness";
+
+  Witness();
 
   int eventHandler(const gw::Event *p_e) override;
   int draw() override { return 0; }
@@ -32,12 +27,8 @@ public:
 private:
   void look();
   void noteSlowDown();
-  void record(const gw::EventKeyboard &event);
-  void record(const gw::EventMouse &event);
 
   Achievements achievements;
-  RecordingWriter *p_writer;
-  int step = -1; ///< the current one, counted from 0
   int slow_steps_left = 0;
   bool was_playing = false;
 };

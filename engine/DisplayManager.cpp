@@ -178,9 +178,9 @@ int DisplayManager::swapBuffers() {
     return -1;
   if (p_drawn_text)
     std::swap(p_drawn_text, p_shown_text);
+  if (overlay)
+    overlay();
   if (p_window) {
-    if (overlay)
-      overlay();
     p_batch->draw(*p_window);
     p_window->display();
     clear();

@@ -60,10 +60,11 @@ TextCell TextScreen::getCell(int column, int row) const {
   if (column < 0 || column >= WIDTH || row < 0 || row >= HEIGHT)
     return {};
   const auto index = static_cast<std::size_t>(row * WIDTH + column);
-  const char character = characters[index];
-  if (character == ' ')
+  const auto character = static_cast<unsigned char>(characters[index]);
+  constexpr unsigned char DELETE = 127; // the last one of ASCII
+  if (character <= ' ' || character == DELETE)
     return {};
-  return {character > ' ' && character <= '~' ? character : '?',
+  return {character > DELETE ? '?' : characters[index],
           static_cast<Color>(colors[index])};
 }
 

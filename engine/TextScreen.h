@@ -12,7 +12,7 @@ namespace gw {
 
 /// One cell of a `TextScreen`.
 struct TextCell {
-  char character = ' ';
+  char character = ' ';        ///< of printable ASCII
   Color color = COLOR_DEFAULT; ///< that of a blank, which shows none, is the default
 };
 
@@ -38,8 +38,8 @@ public:
   /// @param color that of an invalid one is the default
   void drawRow(Vector position, std::string_view row, Color color);
 
-  /// One cell; blank outside the screen. Characters that have no place in a line of text
-  /// (control characters, and all beyond ASCII) are given as `?`.
+  /// One cell; blank outside the screen. Control characters are blanks, as in the window;
+  /// what is not ASCII, which is a box there, is a `?`.
   TextCell getCell(int column, int row) const;
 
   /// The characters of a part of the screen, row by row, blanks at the end included. What
@@ -50,8 +50,7 @@ public:
   std::vector<std::string> getRows() const { return getRows(0, 0, WIDTH, HEIGHT); }
 
   /// The colours in the same manner, a letter for each cell: the first of the colour's
-  /// name
-  /// (`k` for black, as `b` is blue); a blank where there is nothing to see. @{
+  /// name (`k` for black, as `b` is blue); a blank where there is nothing to see. @{
   std::vector<std::string> getColorRows(int column, int row, int width, int height) const;
   std::vector<std::string> getColorRows() const {
     return getColorRows(0, 0, WIDTH, HEIGHT);
@@ -66,8 +65,8 @@ private:
   static constexpr std::size_t CELLS = std::size_t{WIDTH} * HEIGHT;
 
   // Apart, so that a row is written at once.
-  std::array<char, CELLS> characters;
-  std::array<char, CELLS> colors; ///< a `Color` each; those of blanks say nothing
+  std::array<char, CELLS> characters{};
+  std::array<char, CELLS> colors{}; ///< a `Color` each; those of blanks say nothing
 };
 
 } // namespace gw

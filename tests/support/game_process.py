@@ -108,7 +108,7 @@ class Game(contextlib.ExitStack):
     def die(self, digests, pause=0):
         """Has the demo die, some seconds after so many digests: every line of the steps
         before the last digest has to be in the log."""
-        options = ["--profile", "greedy", "--seed", 4, "--digest", "--steps"]
+        options = ["--headless", "--player", "greedy", "--seed", 4, "--digest", "--steps"]
         self.start(*options, 0)
         for _ in range(digests):
             steps = int(self.process.stdout.readline().split()[1])

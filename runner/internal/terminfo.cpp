@@ -1,0 +1,51 @@
+#include "internal/terminfo.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+
+// Last: their macros are common words.
+#include <curses.h>
+#include <term.h>
+
+namespace gw {
+
+namespace {
+
+/// A terminal's capability; null where it lacks it.
+const char *capability(const char *name) {
+  const char *p_text =
+      tigetstr(const_cast<char *>(name)); // older versions change nothing
+  return p_text == reinterpret_cast<char *>(-1) ? nullptr : p_text;
+}
+
+} // namespace
+
+std::string findTerminalProblem(std::size_t color_count) {
+  if (isatty(STDIN_FILENO) == 0 || isatty(STDOUT_FILENO) == 0)
+    return "the terminal is not there: standard input and output have to be one";
+  const char *p_type = std::getenv("TERM");
+  const std::string type = p_type ? p_type : "";
+  int status = 0;
+  if (type.empty() || setupterm(nullptr, STDOUT_FILENO, &status) != OK)
+    return "the type of the terminal is not known (TERM is \"" + type + "\")";
+  const std::string named = "a terminal of the type \"" + type + "\" ";
+  if (!capability("cup") || !capability("clear"))
+    return named + "cannot be drawn on (TERM)";
+  // The console has keys for the pointer and no pointer: another program reads that.
+  if (!capability("kmous") || type.compare(0, 5, "linux") == 0)
+    return named + "has no mouse (TERM)";
+  if (tigetnum(const_cast<char *>("colors")) < static_cast<int>(color_count))
+    return named + "has no colours (TERM)";
+  return "";
+}
+
+std::string resettingText() {
+  std::string text;
+  for (const char *name : {"sgr0", "op", "rmkx", "cnorm", "rmcup"})
+    if (const char *p_capability = capability(name))
+      text += p_capability;
+  return text;
+}
+
+} // namespace gw
