@@ -31,6 +31,14 @@ namespace gw {
 
 namespace {
 
+constexpr int INTERRUPTS[] = {
+    SIGINT,
+    SIGTERM,
+#ifdef SIGHUP
+    SIGHUP,
+#endif
+};
+
 volatile std::sig_atomic_t interrupted = 0;
 
 /// The first one ends the game as a person does; the next one ends the process.
@@ -43,12 +51,11 @@ void onInterrupt(int number) {
   interrupted = 1;
 }
 
+/// What whoever started us has us ignore, as nohup does, stays ignored.
 void catchInterrupts() {
-  std::signal(SIGINT, onInterrupt);
-  std::signal(SIGTERM, onInterrupt);
-#ifdef SIGHUP
-  std::signal(SIGHUP, onInterrupt);
-#endif
+  for (const int number : INTERRUPTS)
+    if (std::signal(number, onInterrupt) == SIG_IGN)
+      std::signal(number, SIG_IGN);
 }
 
 /// Says every few seconds how far a long run is.
@@ -196,6 +203,7 @@ private:
   bool waitForTerminal() {
     while (!p_terminal->isClosed() && !p_terminal->fits() && !interrupted) {
       p_terminal->show({});
+      p_terminal->takeInput(); // nobody hears of it; tells when the terminal is gone
       std::this_thread::sleep_for(std::chrono::milliseconds(FRAME_TIME_DEFAULT));
     }
     if (p_terminal->isClosed()) {

@@ -12,6 +12,27 @@ namespace gw {
 
 namespace {
 
+/// What the system knows of the terminal that TERM names, while it lives. What ncurses
+/// itself works with stays as it is.
+class TerminalType {
+public:
+  TerminalType() { is_known = setupterm(nullptr, STDOUT_FILENO, &status) == OK; }
+  ~TerminalType() {
+    TERMINAL *p_own = set_curterm(p_former);
+    if (is_known)
+      del_curterm(p_own);
+  }
+  TerminalType(const TerminalType &) = delete;
+  TerminalType &operator=(const TerminalType &) = delete;
+
+  bool isKnown() const { return is_known; }
+
+private:
+  TERMINAL *p_former = cur_term;
+  int status = 0;
+  bool is_known = false;
+};
+
 /// A terminal's capability; null where it lacks it.
 const char *capability(const char *name) {
   const char *p_text =
@@ -26,8 +47,8 @@ std::string findTerminalProblem(std::size_t color_count) {
     return "the terminal is not there: standard input and output have to be one";
   const char *p_type = std::getenv("TERM");
   const std::string type = p_type ? p_type : "";
-  int status = 0;
-  if (type.empty() || setupterm(nullptr, STDOUT_FILENO, &status) != OK)
+  const TerminalType known;
+  if (type.empty() || !known.isKnown())
     return "the type of the terminal is not known (TERM is \"" + type + "\")";
   const std::string named = "a terminal of the type \"" + type + "\" ";
   if (!capability("cup") || !capability("clear"))
@@ -41,6 +62,7 @@ std::string findTerminalProblem(std::size_t color_count) {
 }
 
 std::string resettingText() {
+  const TerminalType known;
   std::string text;
   for (const char *name : {"sgr0", "op", "rmkx", "cnorm", "rmcup"})
     if (const char *p_capability = capability(name))

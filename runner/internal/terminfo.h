@@ -10,7 +10,7 @@ namespace gw {
 /// the library's header turns hundreds of common words into macros.
 
 /// What keeps the standard input and output from being a terminal with a pointer and so
-/// many colours; empty if nothing does. Call it before `resettingText`.
+/// many colours; empty if nothing does.
 std::string findTerminalProblem(std::size_t color_count);
 
 /// What a terminal is sent to show characters as before, from the place where it was

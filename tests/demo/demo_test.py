@@ -103,6 +103,20 @@ class Replay(DemoTest):
         self.check("random")
 
 
+class Writing(DemoTest):
+    def test_what_cannot_be_written_is_said(self):
+        for shell, reason, recorded in [
+                ('trap "" 25; ulimit -f 1; exec "$0" "$@"', "game.txt: cannot be", r"(?s)\A(?!.*\nend )"),
+                ('exec "$0" "$@" >&-', "output cannot be written", r"\nend 100\n\Z"),
+                ('exec "$0" "$@" >/dev/full', "output cannot be written", r"\nend 100\n\Z")]:
+            with self.subTest(shell):
+                play(self.game, "--player", "hostile", "--digest", "--record", "game.txt",
+                     status=1, shell=shell)
+                self.assertIn(reason, self.game.errors())
+                self.assertRegex((self.run_dir / "game.txt").read_text(), recorded)
+                play(self.game, "--replay", "game.txt")
+
+
 class DamagedResources(DemoTest):
     """Each of the resources in turn: the log names it, and the game plays on."""
 

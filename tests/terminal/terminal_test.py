@@ -36,7 +36,8 @@ STEP = 0.033
 class Terminal:
     """The program in a terminal of that type and size."""
 
-    def __init__(self, run_dir, *options, term="xterm-256color", columns=COLUMNS, rows=ROWS):
+    def __init__(self, run_dir, *command, term="xterm-256color", columns=COLUMNS, rows=ROWS,
+                 stderr=None):
         self.master, self.slave = pty.openpty()
         self.resize(columns, rows)
         self.before = termios.tcgetattr(self.slave)
@@ -44,8 +45,9 @@ class Terminal:
         environment = {**os.environ, "TERM": term}
         environment.pop("DISPLAY", None)
         self.process = subprocess.Popen(
-            [PROGRAM, *map(str, options)], cwd=run_dir, env=environment, start_new_session=True,
-            stdin=self.slave, stdout=self.slave, stderr=self.slave,
+            [str(word) for word in command], cwd=run_dir, env=environment,
+            start_new_session=True, stdin=self.slave, stdout=self.slave,
+            stderr=stderr or self.slave,
             preexec_fn=lambda: fcntl.ioctl(0, termios.TIOCSCTTY, 0))
 
     def resize(self, columns, rows):
@@ -101,11 +103,11 @@ class Terminal:
         self.read(0.1)
         require(self.process.returncode == status,
                 f"{self.process.returncode}: {self.output[-3000:]}")
-        self.require_given_back()
+        require(termios.tcgetattr(self.slave) == self.before, "other modes than before")
+        self.require_switched_back()
         return self.output.rpartition(b"\x1b[?1049l")[2].decode()
 
-    def require_given_back(self):
-        require(termios.tcgetattr(self.slave) == self.before, "other modes than before")
+    def require_switched_back(self):
         for on, off in [(b"\x1b[?1049h", b"\x1b[?1049l"), (b"\x1b[?1003h", b"\x1b[?1003l"),
                         (b"\x1b[?25l", b"\x1b[?25h")]:
             require(self.output.rfind(off) > self.output.rfind(on) >= 0, f"{off} lacks")
@@ -119,7 +121,10 @@ class TerminalTest(unittest.TestCase):
         shutil.copytree(STAGED, self.run_dir)
 
     def start(self, *options, **more):
-        terminal = Terminal(self.run_dir, *options, **more)
+        return self.start_command(PROGRAM, *options, **more)
+
+    def start_command(self, *command, **more):
+        terminal = Terminal(self.run_dir, *command, **more)
 
         def clean_up():
             if terminal.process.poll() is None:
@@ -205,19 +210,23 @@ class InATerminal(TerminalTest):
                 terminal.end(terminal.process.returncode if status is None else status)
                 self.assertEqual(terminal.process.returncode == 0, status == 0)
 
-    def test_ctrl_z_gives_the_terminal_back_for_a_while(self):
-        terminal = self.start()
+    def test_ctrl_z_gives_the_terminal_to_the_shell_and_fg_takes_it_again(self):
+        terminal = self.start_command("bash", "--norc", "-i")
+        terminal.type(f"{PROGRAM}\n")
         terminal.until_shown("when the eighth is in")
-        terminal.process.send_signal(signal.SIGTSTP)
-        terminal.until(lambda: "T" in stat(terminal), "stop")
-        terminal.read(0.1)
-        terminal.require_given_back()
+        terminal.type("\x1a")
+        terminal.until_shown("Stopped")
+        terminal.require_switched_back()
         terminal.screen.reset()
-        terminal.process.send_signal(signal.SIGCONT)
+        terminal.type("echo $((6 * 7))\n")
+        terminal.until_shown("42")
+        terminal.type("fg\n")
         terminal.until_shown("when the eighth is in")
         terminal.type("p")
         terminal.until_shown("W A N T E D")
-        terminal.type("\x03")
+        terminal.type("q")
+        terminal.until_shown("rows sold")
+        terminal.type("exit $?\n")
         terminal.end()
 
     def test_what_is_no_terminal_for_it_is_told_in_one_line(self):
@@ -235,18 +244,19 @@ class InATerminal(TerminalTest):
                                  capture_output=True, text=True)
         self.assertEqual((refused.returncode, refused.stderr.count("\n")), (1, 1))
 
-    def test_a_closed_input_ends_it(self):
-        terminal = self.start()
+    def test_a_closed_input_ends_it_with_a_line(self):
+        errors, their_end = os.pipe()
+        # Where a hang-up is ignored, as with nohup, only the input tells.
+        terminal = self.start_command("sh", "-c", 'trap "" HUP; exec "$0"', PROGRAM,
+                                      stderr=their_end)
+        os.close(their_end)
         terminal.until_shown("when the eighth is in")
         terminal.type("\x1b[<0;1")  # torn
         os.close(terminal.master)
-        terminal.process.wait(LIMIT)
+        self.assertEqual(terminal.process.wait(LIMIT), 1)
+        with open(errors) as file:
+            self.assertIn("tazlet: the terminal was closed\n", file.readlines())
         terminal.master = os.dup(terminal.slave)
-        self.assertIn(terminal.process.returncode, (0, 1))
-
-
-def stat(terminal):
-    return pathlib.Path(f"/proc/{terminal.process.pid}/stat").read_text().split()[2]
 
 
 if __name__ == "__main__":
