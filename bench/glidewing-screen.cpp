@@ -85,14 +85,27 @@ void Step(benchmark::State &state) {
 }
 BENCHMARK(Step)->UseManualTime();
 
-/// The same without a window, as a game that runs headless: nothing is collected.
-void StepHeadless(benchmark::State &state) {
+/// The same without a window, as a game that runs headless.
+void stepWithoutWindow(benchmark::State &state, bool is_text_kept) {
   gw::DisplayManager &display = gw::DisplayManager::getInstance();
   display.shutDown();
+  display.setTextKept(is_text_kept);
   Step(state);
+  display.setTextKept(false);
   display.startUp();
 }
+
+/// Nothing is drawn.
+void StepHeadless(benchmark::State &state) {
+  stepWithoutWindow(state, false);
+}
 BENCHMARK(StepHeadless)->UseManualTime();
+
+/// What is drawn is kept as text.
+void StepText(benchmark::State &state) {
+  stepWithoutWindow(state, true);
+}
+BENCHMARK(StepText)->UseManualTime();
 
 /// Every cell another character and colour, shown.
 void FullScreen(benchmark::State &state) {

@@ -133,6 +133,8 @@ ROWS = [
         "an empty frame", Loop("sfml-screen", "EmptyFrame"), "4", duration),
     Row("play", "step of play, without a window", Loop("glidewing-screen", "StepHeadless"),
         "Box2D, 35 boxes", Loop("box2d-world", "Step/35"), "1", duration),
+    Row("play", "step of play, kept as text", Loop("glidewing-screen", "StepText"),
+        "nothing drawn", Loop("glidewing-screen", "StepHeadless"), "2", duration),
     *(Row("world", f"update of {count:,} objects", update(count),
           f"Box2D, {count:,} boxes", Loop("box2d-world", f"Step/{count}"), "1/2", duration)
       for count in (100, 1000, 10000)),

@@ -153,7 +153,7 @@ int DisplayManager::drawString(Vector world_pos, std::string str, Justification 
   return drawRow(Vector(x, world_pos.getY()), 0, str, color);
 }
 
-int DisplayManager::drawRow(Vector world_pos, int first, std::string_view row,
+int DisplayManager::drawRow(const Vector &world_pos, int first, std::string_view row,
                             Color color) const {
   if (!isDrawable())
     return -1;
@@ -163,7 +163,9 @@ int DisplayManager::drawRow(Vector world_pos, int first, std::string_view row,
           WARNING,
           "Invalid color provided. Using default glidewing color for character.");
   if (p_drawn_text)
-    p_drawn_text->drawRow(world_pos + Vector(static_cast<float>(first), 0), row, color);
+    p_drawn_text->drawRow(
+        Vector(world_pos.getX() + static_cast<float>(first), world_pos.getY()), row,
+        color);
   if (!p_window)
     return 0;
   const Vector pixels = spacesToPixels(world_pos);

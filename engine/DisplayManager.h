@@ -120,7 +120,8 @@ public:
 
   /// The same for a row of a picture, whose first character is `first` cells to the
   /// right of `world_pos`. All others draw through this.
-  int drawRow(Vector world_pos, int first, std::string_view row, Color color) const;
+  int drawRow(const Vector &world_pos, int first, std::string_view row,
+              Color color) const;
 
   /// Shows what was drawn and clears for the next frame.
   /// @return 0, or -1 when there was nothing to draw on

@@ -3,7 +3,6 @@
 #include "DisplayManager.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace gw {
 
@@ -11,6 +10,14 @@ static_assert(TextScreen::WIDTH == WINDOW_HORIZONTAL_CHARS_DEFAULT &&
               TextScreen::HEIGHT == WINDOW_VERTICAL_CHARS_DEFAULT);
 
 namespace {
+
+/// The nearest whole number, and halfway the lower one. (`std::ceil` is a call of a
+/// function, for every row of every picture.)
+int nearest(float value) {
+  const float low = value - 0.5f;
+  const int truncated = static_cast<int>(low);
+  return truncated + (static_cast<float>(truncated) < low ? 1 : 0);
+}
 
 char letterOf(TextCell cell) {
   if (cell.character == ' ')
@@ -37,20 +44,22 @@ void TextScreen::clear() {
   characters.fill(' ');
 }
 
-void TextScreen::drawRow(Vector position, std::string_view row, Color color) {
+void TextScreen::drawRow(const Vector &position, std::string_view row, Color color) {
+  const float x = position.getX();
+  const float y = position.getY();
   // Numbers far outside, which may be more than an `int` holds, end here.
-  const float y = std::ceil(position.getY() - 0.5f);
-  const float x = std::ceil(position.getX() - 0.5f);
-  if (!(y >= 0 && y < HEIGHT) || !(x > -1e6f && x < WIDTH))
+  if (!(y > -1 && y <= HEIGHT) || !(x > -1e6f && x <= WIDTH))
     return;
-  const int left = static_cast<int>(x);
+  const int left = nearest(x);
+  const int top = nearest(y);
+  if (left >= WIDTH || top < 0 || top >= HEIGHT)
+    return;
   const auto cut = static_cast<std::size_t>(std::max(-left, 0));
   if (cut >= row.size())
     return;
   const auto column = static_cast<std::size_t>(std::max(left, 0));
   row = row.substr(cut, WIDTH - column);
-  const auto start =
-      static_cast<std::ptrdiff_t>(static_cast<std::size_t>(y) * WIDTH + column);
+  const auto start = static_cast<std::ptrdiff_t>(top * WIDTH) + std::max(left, 0);
   std::copy(row.begin(), row.end(), characters.begin() + start);
   std::fill_n(colors.begin() + start, row.size(),
               static_cast<char>(isColorValid(color) ? color : COLOR_DEFAULT));

@@ -36,7 +36,7 @@ public:
   /// and halfway the one to the left, or above: where the pointer is in the middle of a
   /// cell, what is drawn at the pointer is in that cell
   /// @param color that of an invalid one is the default
-  void drawRow(Vector position, std::string_view row, Color color);
+  void drawRow(const Vector &position, std::string_view row, Color color);
 
   /// One cell; blank outside the screen. Control characters are blanks, as in the window;
   /// what is not ASCII, which is a box there, is a `?`.
