@@ -157,8 +157,8 @@ private:
       display.setOverlay([this] { drawBoxes(); });
     InputManager::getInstance().setFilter(
         [this](const Event &event, bool is_posted) { return hear(event, is_posted); });
-    if (options.place == Place::terminal)
-      p_terminal = Terminal::open();
+    if (options.place == Place::terminal && !(p_terminal = Terminal::open()))
+      fail("the terminal cannot be opened"); // and no step is run
     srand(seed);
     if (game.loadResources)
       game.loadResources();
@@ -278,14 +278,13 @@ private:
     for (; next_digest < recording->digests.size() &&
            recording->digests[next_digest].steps <= step;
          next_digest++) {
-      if (recording->digests[next_digest].steps == step &&
-          recording->digests[next_digest].digest != digestOf(game))
+      if (recording->digests[next_digest].digest == digestOf(game))
+        last_equal = step;
+      else
         fail(options.replay_file + ": at step " + std::to_string(step) +
              " the game is not in the state that was recorded" +
              (last_equal > 0 ? "; at step " + std::to_string(last_equal) + " it was"
                              : ""));
-      else
-        last_equal = step;
     }
   }
 

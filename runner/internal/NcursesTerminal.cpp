@@ -102,24 +102,33 @@ Size sizeNow() {
 class NcursesTerminal : public Terminal {
 public:
   NcursesTerminal() {
+    if (!openFiles())
+      return;
     guardTerminal(POINTER_OFF + resettingText());
-    openFiles();
     // ncurses' own ways to end and to stop are not ours.
     struct sigaction stop {};
     sigaction(SIGTSTP, nullptr, &stop);
     p_screen = newterm(nullptr, p_drawn, stdin);
     sigaction(SIGTSTP, &stop, nullptr);
-    setUp();
+    if (p_screen)
+      setUp();
   }
 
   ~NcursesTerminal() override {
-    endwin();
-    delscreen(p_screen);
-    std::fclose(p_drawn);
-    close(drawn);
+    if (p_screen) {
+      endwin();
+      delscreen(p_screen);
+    }
+    if (p_drawn)
+      std::fclose(p_drawn);
     releaseTerminal();
-    close(terminal);
+    for (const int file : {drawn, terminal})
+      if (file >= 0)
+        close(file);
   }
+
+  /// Whether it was opened.
+  bool isOpen() const { return p_screen != nullptr; }
 
   void show(const TextScreen &picture) override {
     if (takeStopRequest())
@@ -148,7 +157,7 @@ public:
   bool isClosed() const override { return is_closed; }
 
 private:
-  void openFiles() {
+  bool openFiles() {
     // Another opening of the same terminal: what we set there is not set for the shell.
     const char *p_name = ttyname(STDOUT_FILENO);
     constexpr int HOW = O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
@@ -156,16 +165,15 @@ private:
     if (terminal < 0)
       terminal = ::open("/dev/tty", HOW);
     std::array<int, 2> ends = {-1, -1};
-    if (terminal < 0 || pipe(ends.data()) != 0) {
-      is_closed = true;
-      return;
-    }
+    if (terminal < 0 || pipe(ends.data()) != 0)
+      return false;
     drawn = ends[0];
     fcntl(drawn, F_SETFL, O_NONBLOCK);
 #ifdef F_SETPIPE_SZ
     fcntl(drawn, F_SETPIPE_SZ, 1 << 20); // bytes; a picture from scratch has 10 to 70 kB
 #endif
     p_drawn = fdopen(ends[1], "w");
+    return p_drawn != nullptr;
   }
 
   void setUp() {
@@ -382,7 +390,10 @@ std::string Terminal::findProblem() {
 }
 
 std::unique_ptr<Terminal> Terminal::open() {
-  return std::make_unique<NcursesTerminal>();
+  auto p_terminal = std::make_unique<NcursesTerminal>();
+  if (!p_terminal->isOpen())
+    return nullptr;
+  return p_terminal;
 }
 
 } // namespace gw

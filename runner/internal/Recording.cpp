@@ -207,8 +207,8 @@ private:
   std::string takeDigest(const std::vector<std::string> &words) {
     RecordedDigest digest;
     digest.steps = step;
-    if (words.size() != 3 || !parseDigest(words[2], digest.digest))
-      return "expected a digest, 16 digits";
+    if (words.size() != 3 || step == 0 || !parseDigest(words[2], digest.digest))
+      return "expected a digest after a step, 16 digits";
     recording.digests.push_back(digest);
     least_steps = step;
     return "";

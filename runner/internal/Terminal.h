@@ -23,6 +23,7 @@ public:
   static std::string findProblem();
 
   /// Takes the terminal that the standard input and output are, where that is no problem.
+  /// @return null where it cannot be opened all the same
   static std::unique_ptr<Terminal> open();
 
   /// Gives the terminal back.
