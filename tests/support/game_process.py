@@ -53,7 +53,8 @@ class Game(contextlib.ExitStack):
         self.run_dir = pathlib.Path(self.enter_context(directory), "run")
         self.run_dir.mkdir()
         if staged:
-            shutil.copytree(staged, self.run_dir, dirs_exist_ok=True)
+            shutil.copytree(staged, self.run_dir, dirs_exist_ok=True,
+                            ignore=shutil.ignore_patterns("*.log"))  # of somebody who played there
         self.resources = sorted(path.relative_to(self.run_dir)
                                 for path in self.run_dir.glob("tazlet/*/*"))
 
