@@ -56,7 +56,6 @@ function(tazlet_install_bundle bundle)
     install(CODE "set(tazlet_bundle ${bundle})\n\
 include(\"${PROJECT_BINARY_DIR}/packaging/bundle.cmake\")" ${ARGN})
 endfunction()
-tazlet_install_bundle(font COMPONENT game)
 if(GLIDEWING_FETCH_SFML)
     # It is a part of the program then. The second file tells what SFML contains itself.
     install(FILES ${SFML_SOURCE_DIR}/license.md ${SFML_SOURCE_DIR}/readme.md

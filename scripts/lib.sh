@@ -74,10 +74,9 @@ debian_archive() {
                 print $6 }'
 }
 
-# Configures a preset, quietly unless it fails. GLIDEWING_FONT names a font of the
-# user's own.
+# Configures a preset, quietly unless it fails.
 configure() {
-    cmake --preset "$1" --log-level=NOTICE ${GLIDEWING_FONT:+"-DGLIDEWING_FONT=$GLIDEWING_FONT"} >/dev/null
+    cmake --preset "$1" --log-level=NOTICE >/dev/null
 }
 
 # Configures and builds a preset. What follows the preset are options of cmake --build.
