@@ -129,7 +129,8 @@ def make(pictures):
     font.setupHorizontalMetrics({name: (ADVANCE * UNIT, edges[name]) for name in glyphs})
     font.setupHorizontalHeader(ascent=ABOVE * UNIT, descent=-BELOW * UNIT)
     font.setupOS2(sTypoAscender=ABOVE * UNIT, sTypoDescender=-BELOW * UNIT, sTypoLineGap=0,
-                  usWinAscent=ABOVE * UNIT, usWinDescent=BELOW * UNIT, xAvgCharWidth=ADVANCE * UNIT)
+                  usWinAscent=ABOVE * UNIT, usWinDescent=BELOW * UNIT, xAvgCharWidth=ADVANCE * UNIT,
+                  fsType=0)  # whoever has it may do with it what the licence says
     font.setupNameTable(NAMES, mac=False)
     font.setupPost(keepGlyphNames=False, isFixedPitch=1)
     font.font["prep"] = prep = newTable("prep")
