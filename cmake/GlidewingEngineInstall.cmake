@@ -4,8 +4,10 @@
 #   <prefix>/include/glidewing                the public headers, as "Object.h" and as
 #                                             <glidewing/Object.h>
 #   <prefix>/lib/libglidewing.a               the engine
-#   <prefix>/lib/cmake/Glidewing              for find_package(Glidewing): gw::engine, and
-#                                             GLIDEWING_FONT as in a subfolder
+#   <prefix>/lib/libglidewing-runner.a        the runner, if it is built
+#   <prefix>/lib/cmake/Glidewing              for find_package(Glidewing): gw::engine and
+#                                             gw::runner, and GLIDEWING_FONT as in a
+#                                             subfolder
 #   <prefix>/share/glidewing/gw-font.ttf      that font
 #
 # Component: `engine`. It belongs to the machine that it was built on: it wants the
@@ -25,13 +27,24 @@ if(GLIDEWING_FETCH_SFML)
     set(glidewing_sfml_fetch ON)
 endif()
 
-set_target_properties(glidewing PROPERTIES EXPORT_NAME engine)
-target_include_directories(glidewing INTERFACE
-    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
-    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/glidewing>)
-install(TARGETS glidewing EXPORT Glidewing
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT engine
-    PUBLIC_HEADER DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/glidewing COMPONENT engine)
+# Installs a library under its name in find_package. Each has a file of targets of its own:
+# the package offers those whose libraries it finds.
+function(glidewing_install_library target name)
+    set_target_properties(${target} PROPERTIES EXPORT_NAME ${name})
+    target_include_directories(${target} INTERFACE
+        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
+        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/glidewing>)
+    install(TARGETS ${target} EXPORT Glidewing-${name}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT engine
+        PUBLIC_HEADER DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/glidewing COMPONENT engine)
+    install(EXPORT Glidewing-${name} NAMESPACE gw:: FILE Glidewing-${name}.cmake
+        DESTINATION ${glidewing_package_dir} COMPONENT engine)
+endfunction()
+
+glidewing_install_library(glidewing engine)
+if(GLIDEWING_RUNNER)
+    glidewing_install_library(glidewing-runner runner)
+endif()
 install(FILES ${GLIDEWING_FONT} DESTINATION ${glidewing_font_dir} RENAME gw-font.ttf
     COMPONENT engine)
 
@@ -39,9 +52,8 @@ configure_package_config_file(cmake/GlidewingConfig.cmake.in GlidewingConfig.cma
     INSTALL_DESTINATION ${glidewing_package_dir} PATH_VARS glidewing_font_dir)
 write_basic_package_version_file(GlidewingConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
-install(EXPORT Glidewing NAMESPACE gw:: FILE GlidewingTargets.cmake
-    DESTINATION ${glidewing_package_dir} COMPONENT engine)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/GlidewingConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/GlidewingConfigVersion.cmake
+              cmake/GlidewingCurses.cmake
               cmake/GlidewingSfml.cmake
     DESTINATION ${glidewing_package_dir} COMPONENT engine)
