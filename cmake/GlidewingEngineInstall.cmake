@@ -9,6 +9,7 @@
 #                                             gw::runner, and GLIDEWING_FONT as in a
 #                                             subfolder
 #   <prefix>/share/glidewing/gw-font.ttf      that font
+#   <prefix>/bin/gw-sprite                    the tool for sprites, if it is built
 #
 # Component: `engine`. It belongs to the machine that it was built on: it wants the
 # same SFML again, and fetches that once more where it was fetched.
@@ -47,6 +48,11 @@ if(GLIDEWING_RUNNER)
 endif()
 install(FILES ${GLIDEWING_FONT} DESTINATION ${glidewing_font_dir} RENAME gw-font.ttf
     COMPONENT engine)
+if(GLIDEWING_TOOLS)
+    # It goes on finding an SFML that is not where the system looks.
+    set_target_properties(gw-sprite PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
+    install(TARGETS gw-sprite DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT engine)
+endif()
 
 configure_package_config_file(cmake/GlidewingConfig.cmake.in GlidewingConfig.cmake
     INSTALL_DESTINATION ${glidewing_package_dir} PATH_VARS glidewing_font_dir)

@@ -112,11 +112,14 @@ int draw(const Options &options, SpriteLoader &loader, bool animated) {
   return written ? GOOD : fail(error);
 }
 
-/// The font that the build stages for the game.
-std::string stagedFont() {
+/// The font that the build stages for the game; elsewhere the one that is installed with
+/// the engine.
+std::string gamesFont() {
   std::error_code ignored;
   const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
-  return program.parent_path() / "run" / gw::FONT_FILE_DEFAULT;
+  const auto directory = program.parent_path();
+  const std::string staged = directory / "run" / gw::FONT_FILE_DEFAULT;
+  return gw::isRegularFile(staged) ? staged : (directory / GW_INSTALLED_FONT).string();
 }
 
 /// @param file_count how many files it wants, or `MANY`
@@ -154,7 +157,7 @@ int run(int argc, char **argv) {
              "not be done,\n2 for wrong usage. docs/sprite-format.md says what a sprite "
              "file is.");
   Options options;
-  options.font = stagedFont();
+  options.font = gamesFont();
   const CLI::App *p_check =
       addCommand(app, options, "check", "Say what the game's loader finds wrong", MANY);
   CLI::App *p_show = addCommand(app, options, "show",
