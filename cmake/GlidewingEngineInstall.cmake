@@ -7,7 +7,7 @@
 #   <prefix>/lib/libglidewing-runner.a        the runner, if it is built
 #   <prefix>/lib/cmake/Glidewing              for find_package(Glidewing): gw::engine and
 #                                             gw::runner, and GLIDEWING_FONT as in a
-#                                             subfolder
+#                                             subfolder, and glidewing_package
 #   <prefix>/share/glidewing/gw-font.ttf      that font
 #   <prefix>/bin/gw-sprite                    the tool for sprites, if it is built
 #
@@ -61,5 +61,8 @@ write_basic_package_version_file(GlidewingConfigVersion.cmake
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/GlidewingConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/GlidewingConfigVersion.cmake
               cmake/GlidewingCurses.cmake
+              cmake/GlidewingPackage.cmake
               cmake/GlidewingSfml.cmake
     DESTINATION ${glidewing_package_dir} COMPONENT engine)
+install(DIRECTORY cmake/package DESTINATION ${glidewing_package_dir} COMPONENT engine)
+install(FILES LICENSE DESTINATION ${glidewing_package_dir}/package COMPONENT engine)

@@ -1,14 +1,11 @@
 # What `cmake --install` puts where on Linux. Include it once, at the end of the top
 # directory, outside of the builds with sanitizers, whose programs nobody takes home.
 #
-#   <prefix>/bin/tazlet                 the launcher, a shell script
-#   <prefix>/libexec/tazlet/tazlet      the program
-#   <prefix>/libexec/tazlet/{lib,newer} libraries, where they have to come along
-#   <prefix>/share/tazlet               sprites, sounds, music, font
-#   <prefix>/share/...                  manual page, menu entry, icons, licences
+#   <prefix>/bin, libexec, share/tazlet   the game: see GlidewingPackage.cmake
+#   <prefix>/share/...                    manual pages, menu entry, icons
 #
-# Components: `program`; `runtime`, the private SFML where there is one; `game`, the rest;
-# and what only packages have, see GlidewingPackage.cmake.
+# Components: `game` and `desktop`; and what only packages have, see GlidewingDebian.cmake.
+# The target tazlet-package makes the archive of both.
 
 include(GNUInstallDirs)
 # Both defaults have a reserved name, so whoever publishes packages sets their own.
@@ -17,56 +14,13 @@ set(GLIDEWING_MAINTAINER "The Glidewing maintainers <maintainers@glidewing.examp
     CACHE STRING "Who makes the packages, and answers for them: name and mail address")
 mark_as_advanced(GLIDEWING_WEB GLIDEWING_MAINTAINER)
 
-set(tazlet_private_dir ${CMAKE_INSTALL_LIBEXECDIR}/tazlet)
-set(tazlet_data_dir ${CMAKE_INSTALL_DATADIR}/tazlet)
 set(tazlet_id org.glidewing.tazlet)
-
-# --- the program ---------------------------------------------------------------
-
-# Links the program again, from the same object files, as it has to be elsewhere. What
-# follows are properties. The build's own program may start with the loader of the
-# private runtime, by the path that this has on this machine; here the launcher finds
-# the loader.
-function(tazlet_add_program target)
-    add_executable(${target} $<TARGET_OBJECTS:tazlet>)
-    target_link_libraries(${target} PRIVATE tazlet-game)
-    # RPATH, not RUNPATH: also for what the libraries there need themselves.
-    target_link_options(${target} PRIVATE "LINKER:--disable-new-dtags")
-    set_target_properties(${target} PROPERTIES
-        GLIDEWING_MOVABLE ON
-        OUTPUT_NAME tazlet
-        RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${target}
-        BUILD_WITH_INSTALL_RPATH ON
-        ${ARGN})
-endfunction()
-
-if(glidewing_sfml_runtime)
-    tazlet_add_program(tazlet-installed INSTALL_RPATH "$ORIGIN/lib")
-else()
-    # No path at all, unless SFML is the user's own, outside of where the system looks.
-    tazlet_add_program(tazlet-installed INSTALL_RPATH_USE_LINK_PATH ON)
-endif()
-install(TARGETS tazlet-installed DESTINATION ${tazlet_private_dir} COMPONENT program)
-
-# --- what goes beside it -------------------------------------------------------
-
-set(tazlet_build_program ${PROJECT_BINARY_DIR}/tazlet)
-configure_file(packaging/bundle.cmake.in ${PROJECT_BINARY_DIR}/packaging/bundle.cmake @ONLY)
-function(tazlet_install_bundle bundle)
-    install(CODE "set(tazlet_bundle ${bundle})\n\
-include(\"${PROJECT_BINARY_DIR}/packaging/bundle.cmake\")" ${ARGN})
-endfunction()
-if(GLIDEWING_FETCH_SFML)
-    # It is a part of the program then. The second file tells what SFML contains itself.
-    install(FILES ${SFML_SOURCE_DIR}/license.md ${SFML_SOURCE_DIR}/readme.md
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tazlet/licences/SFML COMPONENT game)
-endif()
-if(glidewing_sfml_runtime)
-    tazlet_install_bundle(private COMPONENT runtime)
+set(tazlet_programs tazlet)
+if(GLIDEWING_DEMO)
+    list(APPEND tazlet_programs tazlet-terminal)
 endif()
 
-install(DIRECTORY assets/tazlet/ DESTINATION ${tazlet_data_dir} COMPONENT game)
-install(FILES ${GLIDEWING_FONT} DESTINATION ${tazlet_data_dir} RENAME gw-font.ttf COMPONENT game)
+glidewing_install_game(NAME tazlet TARGET ${tazlet_programs} ASSETS assets/tazlet COMPONENT game)
 
 # --- what is written at configuration ------------------------------------------
 
@@ -78,29 +32,30 @@ endif()
 set(tazlet_release_date ${CMAKE_MATCH_1})
 # SOURCE_DATE_EPOCH counts: the same sources give the same package.
 string(TIMESTAMP tazlet_changelog_date "%a, %d %b %Y 00:00:00 +0000" UTC)
-file(RELATIVE_PATH tazlet_program_from_launcher
-    /${CMAKE_INSTALL_BINDIR} /${tazlet_private_dir}/tazlet)
-file(RELATIVE_PATH tazlet_data_from_launcher /${CMAKE_INSTALL_BINDIR} /${tazlet_data_dir})
 
 set(out ${PROJECT_BINARY_DIR}/packaging)
-foreach(file tazlet tazlet.6 ${tazlet_id}.metainfo.xml)
+foreach(file README.portable ${tazlet_id}.metainfo.xml)
     configure_file(packaging/${file}.in ${out}/${file} @ONLY)
 endforeach()
-install(PROGRAMS ${out}/tazlet DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT game)
 install(FILES packaging/${tazlet_id}.desktop
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT game)
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT desktop)
 install(FILES ${out}/${tazlet_id}.metainfo.xml
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo COMPONENT game)
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo COMPONENT desktop)
 
-# --- what is made from our files: the compressed manual, the icons -------------
+# --- what is made from our files: the compressed manual pages, the icons -------
 
 set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
-set(made ${out}/tazlet.6.gz)
-add_custom_command(OUTPUT ${out}/tazlet.6.gz
-    COMMAND gzip -9 --no-name --keep --force ${out}/tazlet.6
-    DEPENDS ${out}/tazlet.6 VERBATIM)
-install(FILES ${out}/tazlet.6.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man6 COMPONENT game)
-install(FILES packaging/${tazlet_id}.svg DESTINATION ${icons}/scalable/apps COMPONENT game)
+set(made "")
+foreach(program IN LISTS tazlet_programs)
+    set(page ${out}/${program}.6)
+    configure_file(packaging/${program}.6.in ${page} @ONLY)
+    add_custom_command(OUTPUT ${page}.gz
+        COMMAND gzip -9 --no-name --keep --force ${page}
+        DEPENDS ${page} VERBATIM)
+    list(APPEND made ${page}.gz)
+    install(FILES ${page}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man6 COMPONENT desktop)
+endforeach()
+install(FILES packaging/${tazlet_id}.svg DESTINATION ${icons}/scalable/apps COMPONENT desktop)
 find_program(GLIDEWING_RSVG rsvg-convert DOC "Makes icons of fixed sizes; not needed")
 mark_as_advanced(GLIDEWING_RSVG)
 if(GLIDEWING_RSVG)
@@ -112,7 +67,11 @@ if(GLIDEWING_RSVG)
             DEPENDS packaging/${tazlet_id}.svg VERBATIM)
         list(APPEND made ${icon})
         install(FILES ${icon} DESTINATION ${icons}/${size}x${size}/apps
-            RENAME ${tazlet_id}.png COMPONENT game)
+            RENAME ${tazlet_id}.png COMPONENT desktop)
     endforeach()
 endif()
 add_custom_target(tazlet-packaging ALL DEPENDS ${made})
+
+glidewing_package(TARGET ${tazlet_programs} ASSETS assets/tazlet COMPONENTS desktop
+    README ${out}/README.portable CONTACT "${GLIDEWING_MAINTAINER}")
+add_dependencies(tazlet-package tazlet-packaging)

@@ -1,78 +1,205 @@
-# The portable archive and the Debian package, made by CPack. Include it once, after
-# GlidewingInstall.cmake, with which it shares its variables. Two components more,
-# which are only installed by CPack:
+# How a game on the engine is given to players, on Linux:
 #
-#   portable   what the archive needs beyond the installed game
-#   debian     the same for the package
+#   glidewing_package(TARGET <program>... [ASSETS <file or folder>...]
+#       [NAME <name>] [VERSION <version>] [README <file>] [CONTACT <text>]
+#       [COMPONENTS <component>...])
+#
+# gives the target <program>-package, which leaves an archive that players unpack anywhere
+# and play from: <name>-<version>-<system>-<processor>.tar.gz in the build directory. It is
+# made on Debian or its like, which know the licences of the libraries that come along. The
+# same sources make the same archive where SOURCE_DATE_EPOCH is set.
+#
+#   TARGET      what players start; more than one share all that follows
+#   ASSETS      what it reads, each by its own name where it is started, beside the font; of
+#               a folder that is written with / at its end, what is in it
+#   NAME        one word; as a rule the first program's
+#   VERSION     as a rule the project's
+#   README      the beginning of the archive's README, in place of how the game is started
+#   CONTACT     who answers for the archive, for its README
+#   COMPONENTS  what the project itself installs and has to be in it
+#
+# It has the layout that an installed game has, here with the usual directories:
+#
+#   bin/<program>              a launcher, a shell script; at the top is a link to it
+#   libexec/<name>/<program>   the program
+#   libexec/<name>/lib         libraries that not every desktop has
+#   libexec/<name>/newer       C and C++ library, for a machine whose own are too old
+#   share/<name>               assets and font: what is linked to where the game is started
+#   share/doc/<name>/licences  the licences of what others made
 
-set(CPACK_PACKAGE_NAME tazlet)
-set(CPACK_PACKAGE_VENDOR "The Glidewing maintainers")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "pin flying insects in the order asked for")
-set(CPACK_PACKAGE_DESCRIPTION
-"Insects fly out of three flowers, and collectors pay for them: pin what the
-row at the top of the screen asks for, kind and colour, from left to right.
-A complete row is sold, and the flowers open faster. The board holds eight
-insects; pin without thinking, and it fills up.
-.
-Everything on the screen is drawn with text characters.")
-set(CPACK_STRIP_FILES ON)
-set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
-    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-set(CPACK_COMPONENTS_GROUPING ALL_COMPONENTS_IN_ONE)
-set(CPACK_GENERATOR TGZ DEB)
-set(CPACK_TAZLET_BINDIR ${CMAKE_INSTALL_BINDIR})
-# Which components each generator takes.
-set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_SOURCE_DIR}/packaging/cpack.cmake)
+# Links a program again, from its own object files, as <program>-movable: it starts with
+# the machine's loader, and finds the libraries that came along wherever it lies. The
+# build's own program may name the loader of the private SFML by its place on this machine.
+function(glidewing_add_movable program)
+    if(TARGET ${program}-movable)
+        return()
+    endif()
+    add_executable(${program}-movable EXCLUDE_FROM_ALL $<TARGET_OBJECTS:${program}>)
+    target_link_libraries(${program}-movable PRIVATE
+        $<TARGET_PROPERTY:${program},LINK_LIBRARIES>)
+    # RPATH, not RUNPATH: also for what the libraries there need themselves.
+    target_link_options(${program}-movable PRIVATE "LINKER:--disable-new-dtags")
+    set_target_properties(${program}-movable PROPERTIES
+        GLIDEWING_MOVABLE ON
+        LINKER_LANGUAGE CXX
+        OUTPUT_NAME ${program}
+        RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/${program}-movable
+        BUILD_WITH_INSTALL_RPATH ON
+        INSTALL_RPATH "$ORIGIN/lib")
+endfunction()
 
-# --- the archive ---------------------------------------------------------------
+# glidewing_install_game(NAME TARGET ASSETS COMPONENT [PORTABLE]): installs a game in the
+# layout above. PORTABLE: with all libraries, and only where the component is asked for;
+# otherwise with none but those of the private SFML, which is nowhere else.
+function(glidewing_install_game)
+    cmake_parse_arguments(PARSE_ARGV 0 game "PORTABLE" "NAME;COMPONENT" "TARGET;ASSETS")
+    include(GNUInstallDirs)
+    set(private_dir ${CMAKE_INSTALL_LIBEXECDIR}/${game_NAME})
+    set(data_dir ${CMAKE_INSTALL_DATADIR}/${game_NAME})
+    set(doc_dir ${CMAKE_INSTALL_DATADIR}/doc/${game_NAME})
+    set(package_files ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package)
+    set(out ${CMAKE_CURRENT_BINARY_DIR}/${game_COMPONENT})
+    set(there COMPONENT ${game_COMPONENT})
+    get_target_property(runtime glidewing_sfml GLIDEWING_RUNTIME)
+    set(origins "")
+    if(runtime)
+        list(APPEND origins private)
+    endif()
+    if(game_PORTABLE)
+        list(APPEND origins machine)
+        list(APPEND there EXCLUDE_FROM_ALL)
+    endif()
 
-set(CPACK_ARCHIVE_COMPONENT_INSTALL ON)
-string(TOLOWER ${CMAKE_SYSTEM_NAME} system)
-set(CPACK_ARCHIVE_FILE_NAME tazlet-${PROJECT_VERSION}-${system}-${CMAKE_SYSTEM_PROCESSOR})
-configure_file(packaging/README.portable.in ${out}/README.portable @ONLY)
-tazlet_install_bundle(machine COMPONENT portable EXCLUDE_FROM_ALL)
-install(FILES ${out}/README.portable DESTINATION . RENAME README COMPONENT portable
-    EXCLUDE_FROM_ALL)
-install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tazlet
-    COMPONENT portable EXCLUDE_FROM_ALL)
-if(glidewing_sfml_runtime)
-    set(CPACK_TAZLET_DEBIAN program runtime)
-    set(CPACK_TAZLET_PORTABLE program runtime)
-else()
-    set(CPACK_TAZLET_DEBIAN program)
-    # Libraries come along here, so this program looks for them beside itself.
-    set(CPACK_TAZLET_PORTABLE "")
-    tazlet_add_program(tazlet-portable INSTALL_RPATH "$ORIGIN/lib")
-    install(TARGETS tazlet-portable DESTINATION ${tazlet_private_dir}
-        COMPONENT portable EXCLUDE_FROM_ALL)
-endif()
-install(CODE "file(CREATE_LINK ${CMAKE_INSTALL_BINDIR}/tazlet
-    \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/tazlet\" SYMBOLIC)"
-    COMPONENT portable EXCLUDE_FROM_ALL)
+    file(RELATIVE_PATH data_from_launcher /${CMAKE_INSTALL_BINDIR} /${data_dir})
+    file(RELATIVE_PATH private_from_launcher /${CMAKE_INSTALL_BINDIR} /${private_dir})
+    set(programs "")
+    foreach(program IN LISTS game_TARGET)
+        list(APPEND programs "$<TARGET_FILE:${program}>")
+        if(origins)
+            glidewing_add_movable(${program})
+            set(installed ${program}-movable)
+        else()
+            # No path at all, unless SFML is the user's own, outside of where the system looks.
+            set_target_properties(${program} PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
+            set(installed ${program})
+        endif()
+        if(NOT game_PORTABLE)
+            set_target_properties(${installed} PROPERTIES EXCLUDE_FROM_ALL OFF)
+        endif()
+        install(TARGETS ${installed} DESTINATION ${private_dir} ${there})
+        configure_file(${package_files}/launcher.in ${out}/${program} @ONLY)
+        install(PROGRAMS ${out}/${program} DESTINATION ${CMAKE_INSTALL_BINDIR} ${there})
+    endforeach()
 
-# --- the Debian package --------------------------------------------------------
+    install(FILES ${GLIDEWING_FONT} DESTINATION ${data_dir} RENAME gw-font.ttf ${there})
+    foreach(asset IN LISTS game_ASSETS)
+        cmake_path(ABSOLUTE_PATH asset NORMALIZE)
+        if(IS_DIRECTORY ${asset})
+            install(DIRECTORY ${asset} DESTINATION ${data_dir} ${there})
+        else()
+            install(FILES ${asset} DESTINATION ${data_dir} ${there})
+        endif()
+    endforeach()
 
-set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_VERSION ${PROJECT_VERSION})
-set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
-set(CPACK_DEBIAN_PACKAGE_SECTION games)
-set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${GLIDEWING_MAINTAINER}")
-# What is opened at run time. What is linked is added by packaging/staged.cmake.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libgl1, libgl1-mesa-dri, libpulse0 | libasound2")
-set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/staged.cmake)
-foreach(file changelog copyright)
-    configure_file(packaging/debian/${file}.in ${out}/debian/${file} @ONLY)
-endforeach()
-set(changelog ${out}/debian/changelog.Debian.gz)
-add_custom_command(OUTPUT ${changelog}
-    COMMAND gzip -9 --no-name --stdout ${out}/debian/changelog > ${changelog}
-    DEPENDS ${out}/debian/changelog VERBATIM)
-add_custom_target(tazlet-debian ALL DEPENDS ${changelog})
-install(FILES ${changelog} ${out}/debian/copyright
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tazlet COMPONENT debian EXCLUDE_FROM_ALL)
-install(FILES packaging/debian/lintian-overrides
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME tazlet COMPONENT debian EXCLUDE_FROM_ALL)
+    # Copied or compiled into the program, from packages.
+    set(parts ${GLIDEWING_FONT})
+    if(TARGET gw::runner)
+        find_file(cli11 CLI/CLI.hpp NO_CACHE)
+        list(APPEND parts ${cli11})
+    endif()
+    set(settings "")
+    foreach(setting game_NAME programs origins runtime parts private_dir doc_dir)
+        string(APPEND settings "set(${setting} \"${${setting}}\")\n")
+    endforeach()
+    install(CODE "block(PROPAGATE CMAKE_INSTALL_MANIFEST_FILES)\n${settings}include(\"${package_files}/bundle.cmake\")\nendblock()" ${there})
+    if(GLIDEWING_FETCH_SFML)
+        # It is a part of the program then. The second file tells what SFML contains itself.
+        install(FILES ${SFML_SOURCE_DIR}/license.md ${SFML_SOURCE_DIR}/readme.md
+            DESTINATION ${doc_dir}/licences/SFML ${there})
+    endif()
+endfunction()
 
-include(CPack)
+# Ends the configuration where the caller's arguments cannot be packed.
+function(glidewing_check_package)
+    foreach(program IN LISTS game_TARGET)
+        if(NOT TARGET ${program})
+            message(FATAL_ERROR "glidewing_package: there is no target ${program}")
+        endif()
+    endforeach()
+    foreach(asset IN LISTS game_ASSETS)
+        cmake_path(ABSOLUTE_PATH asset)
+        if(NOT EXISTS ${asset})
+            message(FATAL_ERROR "glidewing_package: there is no ${asset}")
+        endif()
+    endforeach()
+    if(NOT game_NAME MATCHES "^[A-Za-z0-9][A-Za-z0-9+._-]*$")
+        message(FATAL_ERROR "glidewing_package: NAME \"${game_NAME}\" is not one word")
+    endif()
+    if(NOT game_VERSION MATCHES "^[A-Za-z0-9+._~-]+$")
+        message(FATAL_ERROR "glidewing_package wants a VERSION, in one word, here or in project()")
+    endif()
+endfunction()
+
+function(glidewing_package)
+    cmake_parse_arguments(PARSE_ARGV 0 game "" "NAME;VERSION;README;CONTACT" "TARGET;ASSETS;COMPONENTS")
+    if(game_UNPARSED_ARGUMENTS OR NOT game_TARGET)
+        message(FATAL_ERROR "glidewing_package wants TARGET <program>... [ASSETS <file or folder>...]")
+    endif()
+    list(GET game_TARGET 0 first)
+    if(NOT game_NAME)
+        set(game_NAME ${first})
+    endif()
+    if(NOT game_VERSION)
+        set(game_VERSION "${PROJECT_VERSION}")
+    endif()
+    glidewing_check_package()
+    if(NOT CMAKE_SYSTEM_NAME STREQUAL "Linux")
+        message(STATUS "glidewing_package: archives are made for Linux alone, so ${game_NAME} has none")
+        return()
+    endif()
+    set(component ${first}-package)
+    glidewing_install_game(PORTABLE NAME ${game_NAME} TARGET ${game_TARGET}
+        ASSETS ${game_ASSETS} COMPONENT ${component})
+    set(package_files ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package)
+    set(there COMPONENT ${component} EXCLUDE_FROM_ALL)
+
+    foreach(program IN LISTS game_TARGET)
+        install(CODE "file(CREATE_LINK ${CMAKE_INSTALL_BINDIR}/${program}
+            \"\${CMAKE_INSTALL_PREFIX}/${program}\" SYMBOLIC)" ${there})
+    endforeach()
+    find_file(licence LICENSE NO_CACHE REQUIRED NO_DEFAULT_PATH
+        PATHS ${package_files} ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/..)
+    install(FILES ${licence}
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${game_NAME}/licences/Glidewing ${there})
+
+    set(beginning "${game_NAME} ${game_VERSION}")
+    string(LENGTH "${beginning}" length)
+    string(REPEAT "=" ${length} line)
+    string(APPEND beginning "\n${line}\n\nStart the game with\n\n    ./${first}\n\nfrom wherever this directory is.\n")
+    if(game_README)
+        file(READ ${game_README} beginning)
+    endif()
+    set(offer "")
+    if(game_CONTACT)
+        set(offer "\nShould the sources of one not be found as said above, they will be sent to anyone who
+asks within three years of getting this archive, for no more than the cost of doing so:
+
+    ${game_CONTACT}\n")
+    endif()
+    set(readme ${CMAKE_CURRENT_BINARY_DIR}/${component}/README)
+    configure_file(${package_files}/README.in ${readme} @ONLY)
+    install(FILES ${readme} DESTINATION . ${there})
+
+    string(TOLOWER ${CMAKE_SYSTEM_NAME} system)
+    set(archive ${game_NAME}-${game_VERSION}-${system}-${CMAKE_SYSTEM_PROCESSOR})
+    add_custom_target(${component}
+        COMMAND ${CMAKE_COMMAND} "-Dbuild=${CMAKE_BINARY_DIR}" "-Dconfiguration=$<CONFIG>"
+            "-Dcomponents=${component};${game_COMPONENTS}"
+            "-Dstage=${CMAKE_CURRENT_BINARY_DIR}/${component}/stage"
+            "-Darchive=${CMAKE_CURRENT_BINARY_DIR}/${archive}.tar.gz"
+            -P ${package_files}/archive.cmake
+        COMMENT "Making ${archive}.tar.gz"
+        VERBATIM)
+    list(TRANSFORM game_TARGET APPEND -movable OUTPUT_VARIABLE movable)
+    add_dependencies(${component} ${game_TARGET} ${movable})
+endfunction()

@@ -13,7 +13,8 @@
 #
 #   glidewing_sfml_problem    why there is no SFML, and then no target; or empty
 #   glidewing_sfml_version    of the SFML that was found
-#   glidewing_sfml_runtime    the private runtime's directory, if that is what was found
+#   glidewing_sfml_runtime    the private runtime's directory, if that is what was found;
+#                             also a property of the target, GLIDEWING_RUNTIME
 
 option(GLIDEWING_FETCH_SFML "Fetch SFML's sources from its public repository and compile them" OFF)
 set(GLIDEWING_SFML_RUNTIME "" CACHE PATH
@@ -125,6 +126,8 @@ block(PROPAGATE glidewing_sfml_problem glidewing_sfml_version glidewing_sfml_run
         add_library(glidewing_sfml INTERFACE)
         add_library(glidewing::sfml ALIAS glidewing_sfml)
         target_link_libraries(glidewing_sfml INTERFACE ${components})
+        set_target_properties(glidewing_sfml PROPERTIES
+            GLIDEWING_RUNTIME "${glidewing_sfml_runtime}")
         if(glidewing_sfml_runtime)
             glidewing_link_sfml_runtime(glidewing_sfml "${libraries}" "${loader}")
         endif()

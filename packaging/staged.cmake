@@ -1,4 +1,4 @@
-# Read by CPack once the files of a package are in place.
+# Read by CPack once the files of the Debian package are in place.
 
 # All of one date where one is asked for, so that the same files make the same package.
 if(DEFINED ENV{SOURCE_DATE_EPOCH})
@@ -10,11 +10,8 @@ endif()
 # Adds the packages that the program and the libraries beside it are linked with to the
 # dependencies of the Debian package. CPack's own way would also look at the C library
 # that comes along, and demand the machine's in exactly its version.
-if(NOT CPACK_GENERATOR STREQUAL "DEB")
-    return()
-endif()
 file(GLOB_RECURSE files LIST_DIRECTORIES FALSE "${CPACK_TEMPORARY_DIRECTORY}/*")
-list(FILTER files INCLUDE REGEX "/libexec/tazlet/(tazlet|lib/[^/]+)$")
+list(FILTER files INCLUDE REGEX "/libexec/tazlet/(tazlet[^/]*|lib/[^/]+)$")
 if(NOT files)
     message(FATAL_ERROR "there is no program in ${CPACK_TEMPORARY_DIRECTORY}")
 endif()

@@ -1,18 +1,21 @@
-# Part of the installation: copies libraries that the program needs, and the licences
-# of what is copied. Set `tazlet_bundle` before:
+# Part of the installation of a game: copies libraries that its programs need, and the
+# licences of what others made. Included by what GlidewingPackage.cmake installs, with
 #
-#   private   what comes from the private SFML runtime; such an SFML is nowhere else
-#   machine   everything else beyond what each desktop has, for an archive that is
-#             unpacked anywhere. Needs a Debian machine, which knows the licences
-#
-# The dynamic loader itself is asked what the program needs.
+#   programs     those of the build, which run on this machine. The dynamic loader itself is
+#                asked what they need
+#   origins      which libraries to take:
+#                  private   what comes from the private SFML; such an SFML is nowhere else
+#                  machine   everything else beyond what each desktop has, for an archive
+#                            that is unpacked anywhere. Needs a Debian machine, which knows
+#                            the licences
+#   runtime      the directory of the private SFML, where there is one
+#   parts        files that were copied, or are a part of the program
+#   private_dir, doc_dir, game_NAME
 
 cmake_policy(VERSION 3.25)
 
-set(program "@tazlet_build_program@")
-set(runtime "@glidewing_sfml_runtime@") # of the private SFML; empty without one
-set(private_dir "${CMAKE_INSTALL_PREFIX}/@tazlet_private_dir@")
-set(licence_dir "${CMAKE_INSTALL_PREFIX}/@CMAKE_INSTALL_DATADIR@/doc/tazlet/licences")
+set(private_dir "${CMAKE_INSTALL_PREFIX}/${private_dir}")
+set(licence_dir "${CMAKE_INSTALL_PREFIX}/${doc_dir}/licences")
 
 # The C library, the C++ library and what is built with them: only used together, and
 # only where the machine's are too old.
@@ -28,9 +31,9 @@ set(c_library_companions
 set(machine_libraries
     "^(libX11|libX11-xcb|libxcb.*|libXau|libXdmcp|libXext|libXfixes|libbsd|libmd|libudev|libz)\\.so")
 
-# Sets `needed` to the libraries of this bundle, by the paths where the loader found
-# them.
-function(find_libraries)
+# Appends the libraries of one program that are to be taken to `needed`, by the paths where
+# the loader found them.
+function(find_libraries program)
     execute_process(
         COMMAND ${CMAKE_COMMAND} -E env LC_ALL=C LD_TRACE_LOADED_OBJECTS=1 "${program}"
         OUTPUT_VARIABLE trace RESULT_VARIABLE status)
@@ -38,20 +41,20 @@ function(find_libraries)
         message(FATAL_ERROR "${program} does not tell which libraries it needs:\n${trace}")
     endif()
     string(REGEX MATCHALL "\tlib[^ \n]+ => /[^\n]+ \\(0x" entries "${trace}")
-    set(found "")
     foreach(entry IN LISTS entries)
         string(REGEX REPLACE ".* => (/.+) \\(0x" "\\1" file "${entry}")
         set(origin machine)
-        string(FIND "${file}" "${runtime}/" at)
-        if(runtime AND at EQUAL 0)
+        cmake_path(IS_PREFIX runtime "${file}" NORMALIZE is_private)
+        if(runtime AND is_private)
             set(origin private)
         endif()
         cmake_path(GET file FILENAME name)
-        if(origin STREQUAL tazlet_bundle AND NOT name MATCHES "${machine_libraries}")
-            list(APPEND found "${file}")
+        if(origin IN_LIST origins AND NOT name MATCHES "${machine_libraries}")
+            list(APPEND needed "${file}")
         endif()
     endforeach()
-    set(needed "${found}" PARENT_SCOPE)
+    list(REMOVE_DUPLICATES needed)
+    set(needed "${needed}" PARENT_SCOPE)
 endfunction()
 
 # Copies the library and the links that lead to it.
@@ -67,7 +70,8 @@ function(take_c_library library)
     endforeach()
     file(GLOB loader "${directory}/ld-linux*.so.*")
     file(REAL_PATH "${loader}" loader)
-    file(INSTALL "${loader}" DESTINATION "${private_dir}/newer" TYPE PROGRAM RENAME tazlet)
+    file(INSTALL "${loader}" DESTINATION "${private_dir}/newer" TYPE PROGRAM
+        RENAME "${game_NAME}")
 endfunction()
 
 function(take_libraries)
@@ -119,30 +123,43 @@ endfunction()
 
 # Installs the licence of the Debian package that a file of the machine belongs to. The
 # package may know it by its place from before /lib became a part of /usr.
-function(take_licence_of_file file)
+function(take_licence_of_file file if_unknown)
     file(REAL_PATH "${file}" real)
     string(REGEX REPLACE "^/usr/" "/" short "${real}")
     execute_process(COMMAND dpkg-query -S "${file}" "${real}" "${short}"
         OUTPUT_VARIABLE owners ERROR_QUIET)
-    if(NOT owners MATCHES "^([^:,]+)[:,]")
-        message(FATAL_ERROR "${file} belongs to no Debian package: its licence is not known")
+    if(owners MATCHES "^([^:,]+)[:,]")
+        set(package "${CMAKE_MATCH_1}")
+        execute_process(COMMAND dpkg-query -W -f "\${Version} " "${package}" OUTPUT_VARIABLE version)
+        string(REGEX REPLACE " .*" "" version "${version}") # one per architecture
+        take_licence("${package}" "${version}" "/usr/share/doc/${package}/copyright")
+    else()
+        message(${if_unknown} "${file} belongs to no Debian package: its licence is not known")
     endif()
-    set(package "${CMAKE_MATCH_1}")
-    execute_process(COMMAND dpkg-query -W -f "\${Version} " "${package}" OUTPUT_VARIABLE version)
-    string(REGEX REPLACE " .*" "" version "${version}") # one per architecture
-    take_licence("${package}" "${version}" "/usr/share/doc/${package}/copyright")
 endfunction()
 
-find_libraries()
-if(NOT needed)
-    message(FATAL_ERROR "no library was found to install")
+set(needed "")
+if(origins)
+    foreach(program IN LISTS programs)
+        find_libraries("${program}")
+    endforeach()
+    if(NOT needed)
+        message(FATAL_ERROR "no library was found to install")
+    endif()
+    take_libraries()
 endif()
-take_libraries()
-if(tazlet_bundle STREQUAL "private")
+foreach(part IN LISTS parts)
+    take_licence_of_file("${part}" STATUS)
+endforeach()
+if("private" IN_LIST origins)
     take_licences_of_runtime()
-elseif(tazlet_bundle STREQUAL "machine")
+endif()
+if("machine" IN_LIST origins)
     foreach(file IN LISTS needed)
-        take_licence_of_file("${file}")
+        cmake_path(IS_PREFIX runtime "${file}" NORMALIZE is_private)
+        if(NOT (runtime AND is_private))
+            take_licence_of_file("${file}" FATAL_ERROR)
+        endif()
     endforeach()
     # Debian's licence files refer to these instead of repeating them.
     file(INSTALL /usr/share/common-licenses/ DESTINATION "${licence_dir}/common-licenses")
