@@ -73,6 +73,10 @@ int DisplayManager::startUp() {
   clear();
   if (!loadFont()) {
     log.writeLog(ERROR, "Unable to load font file '%s'.", FONT_FILE_DEFAULT.c_str());
+    std::fprintf(stderr,
+                 "%s: cannot load the font %s, so there is no text. Was the program "
+                 "started in the folder where it is?\n",
+                 window_title.c_str(), FONT_FILE_DEFAULT.c_str());
     return -1;
   }
   Manager::startUp();

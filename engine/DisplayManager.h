@@ -65,11 +65,11 @@ public:
   ~DisplayManager() override;
 
   /// Opens the window, hides the mouse pointer, loads the font.
-  /// @return 0, also when already started; -1 with an ERROR when the window
-  /// cannot be opened (a line on the standard error stream says what to do), and
-  /// when the font cannot be loaded: then the window stays until the process ends,
-  /// and drawing goes on without glyphs, although the manager is not started. A
-  /// further start finds that window, returns 0 and does no more: the font is not
+  /// @return 0, also when already started; -1 with an ERROR, and a line on the
+  /// standard error stream that says what to do, when the window cannot be opened,
+  /// and when the font cannot be loaded: then the window stays until the process
+  /// ends, and drawing goes on without glyphs, although the manager is not started.
+  /// A further start finds that window, returns 0 and does no more: the font is not
   /// tried again.
   int startUp() override;
 

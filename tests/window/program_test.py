@@ -46,6 +46,10 @@ STEP = "WARNING: gw::Animation::draw() - Animation has no sprite. Cannot draw."
 OVERFLOW = "DEBUG: PinBoard::eventHandler(): The Pin Board overflowed! Transitioning to Game Over."
 SOLD = "DEBUG: Sequence::eventHandler(): Sequence cleared! Sending clear event."
 SLOW = "DEBUG: Sent a SlowEvent"
+NO_FONT = (
+    "Glidewing: cannot load the font gw-font.ttf, so there is no text. Was the program started "
+    "in the folder where it is?\n"
+)
 NO_WINDOW = "Glidewing: cannot open a window. Is there a display (DISPLAY) with OpenGL?\n"
 UNLOGGED = (
     "The LogManager is not started but was requested to write a log. This message is written "
@@ -248,6 +252,7 @@ class Program(unittest.TestCase):
         self.assertEqual(lit(self.title()), 0)
         self.quit()
         self.assertEqual(self.log()[1], "ERROR: Unable to load font file 'gw-font.ttf'.")
+        self.assertIn(NO_FONT, self.errors())
 
 
 if __name__ == "__main__":
