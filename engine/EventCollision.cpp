@@ -11,4 +11,10 @@ EventCollision::EventCollision(Object *p_o1, Object *p_o2, Vector p)
   setType(COLLISION_EVENT);
 }
 
+Object *EventCollision::getOther(const Object *p_o) const {
+  if (p_o == object1)
+    return object2;
+  return p_o == object2 ? object1 : nullptr;
+}
+
 } // namespace gw

@@ -48,8 +48,10 @@ public:
   /// Whether the object, which still exists, was marked for deletion. False for null.
   bool isMarkedForDelete(const Object *p_o) const;
 
-  /// Marks the object for deletion in the next update. Until then it still hears events
-  /// and is drawn. Marking twice is harmless, and so is null. @return 0
+  /// Marks the object for deletion in the next update. Until then it still hears events,
+  /// collides and is drawn: a second key press in the same step finds it there. Whoever
+  /// does more than mark asks first, with `isMarkedForDelete`, whether that is done.
+  /// Marking twice is harmless, and so is null. @return 0
   int markForDelete(Object *p_o);
 
   /// Moves the object to `where` (cells) unless something blocks it: first every

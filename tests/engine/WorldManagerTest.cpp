@@ -72,13 +72,16 @@ TEST_F(WorldManagerTest, ACollisionIsToldToMoverAndOtherAndOnlyTwoBlockersBlock)
 TEST_F(WorldManagerTest, EveryCollisionIsToldInListOrderEvenWhenTheFirstBlocks) {
   add("a", {129, 24}, BLOCK);
   Recorder *p_mover = add("mover", {128, 24}, BLOCK);
-  add("far", {131, 24}, BLOCK);
+  const Recorder *p_bystander = add("far", {131, 24}, BLOCK);
   add("b", {130, 25}, OVERLAP);
   Lines partners;
   p_mover->onEvent = [&](const gw::Event &event) {
     const auto &collision = dynamic_cast<const gw::EventCollision &>(event);
     EXPECT_EQ(collision.getObject1(), p_mover);
     EXPECT_EQ(xy(collision.getPosition()), xy({129, 24})) << "where it wants to go";
+    EXPECT_EQ(collision.getOther(p_mover), collision.getObject2());
+    EXPECT_EQ(collision.getOther(collision.getObject2()), p_mover);
+    EXPECT_EQ(collision.getOther(p_bystander), nullptr);
     partners.push_back(collision.getObject2()->getType());
   };
   p_mover->setVelocity({1, 0});
@@ -111,6 +114,29 @@ TEST_F(WorldManagerTest, LeavingTheWorldIsToldOncePerCrossing) {
         << leg.to.getX() << ", " << leg.to.getY();
     EXPECT_EQ(xy(p_mover->getPosition()), xy(leg.to));
   }
+}
+
+TEST_F(WorldManagerTest, WhatAMoverSetsInItsHandlerIsLostAndInTheNextStepEventCounts) {
+  Recorder *p_mover = add("mover", {127.5f, 10}, OVERLAP);
+  p_mover->setVelocity({1, 0});
+  p_mover->onEvent = [&](const gw::Event &event) {
+    const gw::Vector position = p_mover->getPosition();
+    if (event.getType() != "gw::step" || position.getX() > 128)
+      p_mover->setPosition(position + Vector(-128, 0)); // around, to the other side
+  };
+  EXPECT_EQ(journalOfStep(), (Lines{"mover out", "mover drawn"}));
+  EXPECT_EQ(p_mover->getPosition().getX(), 128.5f);
+  EXPECT_EQ(journalOfStep(), Lines{"mover drawn"}) << "in again";
+  EXPECT_EQ(p_mover->getPosition().getX(), 1.5f);
+  Recorder *p_other = add("other", {3.5f, 10}, OVERLAP);
+  p_other->onEvent = [&](const gw::Event &event) {
+    if (event.getType() == "gw::collision")
+      p_other->setPosition({50, 10});
+  };
+  step();
+  EXPECT_EQ(p_mover->getPosition().getX(), 2.5f) << "set in the collision, and lost";
+  EXPECT_EQ(p_other->getPosition().getX(), 50)
+      << "of the one who does not move it counts";
 }
 
 TEST_F(WorldManagerTest, OnlyWhatChangesItsPositionCollides) {
