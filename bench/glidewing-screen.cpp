@@ -41,12 +41,11 @@ Insect *addInsect() {
 /// that every step has as much to do.
 void keepFlying() {
   gw::WorldManager &world = gw::WorldManager::getInstance();
-  const gw::ObjectList objects = world.getAllObjects();
   int flying = 0;
-  for (int i = 0; i < objects.getCount(); i++) {
-    const bool flies = dynamic_cast<Insect *>(objects[i]) && objects[i]->getSpeed() > 0;
-    if (flies && !world.isMarkedForDelete(objects[i]) && ++flying > FLYING)
-      world.markForDelete(objects[i]);
+  for (gw::Object *p_o : world.getAllObjects()) {
+    const bool flies = dynamic_cast<Insect *>(p_o) && p_o->getSpeed() > 0;
+    if (flies && !world.isMarkedForDelete(p_o) && ++flying > FLYING)
+      world.markForDelete(p_o);
   }
   for (; flying < FLYING; flying++)
     addInsect();

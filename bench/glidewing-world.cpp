@@ -69,8 +69,8 @@ void Update(benchmark::State &state) {
       pairs = collisions_heard / 4;
   };
   const auto prepare = [&] {
-    for (int i = 0; i < objects.getCount(); i++)
-      turnBack(*objects[i], field);
+    for (gw::Object *p_o : objects)
+      turnBack(*p_o, field);
     collisions_heard = 0;
   };
   bench::timeSteps(state, step, prepare);
@@ -91,8 +91,8 @@ void Delete(benchmark::State &state) {
     objects = world.getAllObjects();
   };
   const auto mark_and_delete = [&] {
-    for (int i = 0; i < objects.getCount(); i++)
-      world.markForDelete(objects[i]);
+    for (gw::Object *p_o : objects)
+      world.markForDelete(p_o);
     world.update();
   };
   bench::timeSteps(state, mark_and_delete, prepare);

@@ -7,6 +7,7 @@
 #include "Sequence.h"
 #include "WorldManager.h"
 #include "gameUtility.h"
+#include "vectorOperators.h"
 
 #include <algorithm>
 
@@ -17,14 +18,13 @@ constexpr float BEE_NEAR = 16; ///< cells from the pointer
 constexpr int MENU_STEPS = 45; ///< how long the title shows before the next game
 
 float distance(gw::Vector a, gw::Vector b) {
-  return gw::Vector(a.getX() - b.getX(), a.getY() - b.getY()).getMagnitude();
+  return (a - b).getMagnitude();
 }
 
 std::vector<Insect *> allInsects() {
   std::vector<Insect *> insects;
-  const gw::ObjectList objects = gw::WorldManager::getInstance().getAllObjects();
-  for (int i = 0; i < objects.getCount(); i++)
-    if (auto *p_insect = dynamic_cast<Insect *>(objects[i]))
+  for (gw::Object *p_o : gw::WorldManager::getInstance().getAllObjects())
+    if (auto *p_insect = dynamic_cast<Insect *>(p_o))
       insects.push_back(p_insect);
   return insects;
 }
@@ -176,7 +176,7 @@ void AutoPlayer::goFor(const Insect &insect) {
 }
 
 void AutoPlayer::moveTowards(gw::Vector goal) {
-  gw::Vector way(goal.getX() - pointer.getX(), goal.getY() - pointer.getY());
+  gw::Vector way = goal - pointer;
   if (way.getMagnitude() > REACH) {
     way.normalize();
     way.scale(REACH);

@@ -17,8 +17,8 @@ void Manager::shutDown() {
 
 int Manager::onEvent(const Event *p_event) const {
   const ObjectList objects = WorldManager::getInstance().getAllObjects();
-  for (int i = 0; i < objects.getCount(); i++)
-    objects[i]->eventHandler(p_event);
+  for (Object *p_o : objects)
+    p_o->eventHandler(p_event);
   return objects.getCount();
 }
 

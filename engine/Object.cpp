@@ -2,7 +2,9 @@
 
 #include "LogManager.h"
 #include "ResourceManager.h"
+#include "Sprite.h"
 #include "WorldManager.h"
+#include "vectorOperators.h"
 
 namespace gw {
 
@@ -44,9 +46,7 @@ void Object::setVelocity(Vector new_velocity) {
 }
 
 Vector Object::getVelocity() const {
-  Vector velocity = direction;
-  velocity.scale(speed);
-  return velocity;
+  return direction * speed;
 }
 
 Vector Object::predictPosition() const {
@@ -84,6 +84,14 @@ int Object::setSprite(std::string sprite_label) {
   animation.setSprite(p_sprite);
   setBox(animation.getBox());
   return 0;
+}
+
+int Object::setFrameIndex(int new_index) {
+  const Sprite *p_sprite = animation.getSprite();
+  const bool is_there =
+      p_sprite && new_index >= 0 && new_index < p_sprite->getFrameCount();
+  animation.setFrameIndex(new_index); // which complains about one that is not there
+  return is_there ? 0 : -1;
 }
 
 void Object::setBox(Box new_box) {

@@ -22,7 +22,8 @@ enum CollisionResponse : int {
 
 /// Base of everything in the world. Create one with `new`: its constructor puts
 /// it into the world, which owns it from then on. To end one, hand it to
-/// `WorldManager::markForDelete`; nobody else deletes an object. Derived classes
+/// `WorldManager::markForDelete`; nobody else deletes an object, and until the next
+/// update it hears events still (`WorldManager::isMarkedForDelete`). Derived classes
 /// override `eventHandler` and, where they show more than their sprite, `draw`.
 class Object {
 public:
@@ -53,7 +54,10 @@ public:
   void setType(std::string new_type) { type = new_type; }
   std::string getType() const { return type; } ///@}
 
-  /// In cells. Setting it is not a move: no collision, no bounds, no events. @{
+  /// In cells. Setting it is not a move: no collision, no bounds, no events. What an
+  /// object sets while it hears that it moves out or into another is lost, because the
+  /// move sets its position after that: see `EventOut` for how to come in again on the
+  /// other side. @{
   void setPosition(Vector new_position);
   Vector getPosition() const { return position; } ///@}
 
@@ -94,6 +98,13 @@ public:
   /// @return 0, or -1 with a WARNING when there is no such sprite (nothing
   /// changes)
   int setSprite(std::string sprite_label);
+
+  /// The frame of its sprite that is shown next, from 0 on; an animation goes on from
+  /// there.
+  /// @return 0, or -1 with a WARNING for a frame that the sprite does not have, and
+  /// without a sprite (nothing changes) @{
+  int setFrameIndex(int new_index);
+  int getFrameIndex() const { return animation.getFrameIndex(); } ///@}
 
   /// Extent in cells, relative to the position. @{
   void setBox(Box new_box);

@@ -40,7 +40,7 @@ ObjectList::~ObjectList() {
 }
 
 bool ObjectList::contains(const Object *p_o) const {
-  return std::find(list, list + count, p_o) != list + count;
+  return std::find(begin(), end(), p_o) != end();
 }
 
 int ObjectList::insert(Object *p_o) {
@@ -50,7 +50,7 @@ int ObjectList::insert(Object *p_o) {
 }
 
 int ObjectList::remove(Object *p_o) {
-  return removeAt(static_cast<int>(std::find(list, list + count, p_o) - list));
+  return removeAt(static_cast<int>(std::find(begin(), end(), p_o) - begin()));
 }
 
 int ObjectList::removeAt(int index) {

@@ -7,8 +7,13 @@ class Object;
 /// A growable array of object pointers: the world's own lists and the answer to every
 /// query. Copies are independent of each other, and cheap: entries are only copied when
 /// one of two lists that have them in common changes. The objects are never owned.
-/// Iterate by index from 0 to `getCount()` - 1. When memory runs out, one line goes to
-/// the standard error stream and the process ends with status 1. For one thread only.
+/// When memory runs out, one line goes to the standard error stream and the process ends
+/// with status 1. For one thread only.
+///
+/// Iterate by index from 0 to `getCount()` - 1, or with a range-for. That may be over
+/// what a query has answered, whatever happens to the world meanwhile, and over no list
+/// that changes in the loop: an insert, a removal, `clear` and an assignment end the
+/// validity of `begin` and `end`. What changes a copy of the list does not.
 class ObjectList {
 public:
   /// Empty, or a copy. @{
@@ -36,6 +41,10 @@ public:
       refuseIndex();
     return list[index];
   }
+
+  /// For a range-for: `for (gw::Object *p_o : world.getAllObjects())`. @{
+  Object *const *begin() const { return list; }
+  Object *const *end() const { return list + count; } ///@}
 
   /// Appends; the same pointer may be in the list more than once. @return 0
   int insert(Object *p_o);

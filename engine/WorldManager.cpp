@@ -8,6 +8,7 @@
 #include "Object.h"
 #include "internal/CollisionGrid.h"
 #include "utility.h"
+#include "vectorOperators.h"
 
 namespace gw {
 
@@ -26,9 +27,7 @@ bool isInsideWorld(Vector position) {
 /// @return whether the object may move there
 bool reportCollisions(Object *p_o, Vector where) {
   bool do_move = true;
-  const ObjectList collisions = WorldManager::getInstance().getCollisions(p_o, where);
-  for (int i = 0; i < collisions.getCount(); i++) {
-    Object *p_other = collisions[i];
+  for (Object *p_other : WorldManager::getInstance().getCollisions(p_o, where)) {
     const EventCollision event(p_o, p_other, where);
     p_o->eventHandler(&event);
     p_other->eventHandler(&event);
@@ -73,8 +72,8 @@ void WorldManager::shutDown() {
   constexpr int MOST_ROUNDS = 100;
   for (int round = 0; round < MOST_ROUNDS && !updates.isEmpty(); round++) {
     const ObjectList objects = updates;
-    for (int i = 0; i < objects.getCount(); i++)
-      delete objects[i];
+    for (const Object *p_o : objects)
+      delete p_o;
   }
   if (!updates.isEmpty())
     log.writeLog(ERROR,
@@ -87,9 +86,9 @@ void WorldManager::shutDown() {
 
 ObjectList WorldManager::getAllObjectsOfType(std::string wanted_type) {
   ObjectList found;
-  for (int i = 0; i < updates.getCount(); i++)
-    if (updates[i]->type == wanted_type) // in place: `getType` copies it
-      found.insert(updates[i]);
+  for (Object *p_o : updates)
+    if (p_o->type == wanted_type) // in place: `getType` copies it
+      found.insert(p_o);
   return found;
 }
 
@@ -158,11 +157,10 @@ int WorldManager::moveObject(Object *p_o, Vector where) {
 
 void WorldManager::update() {
   deleteMarkedObjects();
-  for (int i = 0; i < updates.getCount(); i++) {
+  for (int i = 0; i < updates.getCount(); i++) { // which grows meanwhile
     Object *p_o = updates[i];
-    const Vector from = p_o->getPosition();
     const Vector to = p_o->predictPosition();
-    if (to.getX() != from.getX() || to.getY() != from.getY())
+    if (to != p_o->getPosition())
       moveObject(p_o, to);
   }
 }
@@ -178,8 +176,8 @@ void WorldManager::draw() {
 void WorldManager::deleteMarkedObjects() {
   const ObjectList marked = deletions;
   deletions.clear();
-  for (int i = 0; i < marked.getCount(); i++)
-    delete marked[i];
+  for (const Object *p_o : marked)
+    delete p_o;
 }
 
 } // namespace gw

@@ -27,8 +27,8 @@ bool isInsect(const std::string &type) {
 /// Whether the object is on the board; leaves a log line if so.
 bool isOnBoard(const gw::Object *p_o, const gw::ObjectList &pinned) {
   bool found = false;
-  for (int i = 0; i < pinned.getCount(); i++)
-    if (pinned[i]->getId() == p_o->getId()) {
+  for (const gw::Object *p_pinned : pinned)
+    if (p_pinned->getId() == p_o->getId()) {
       gw::LogManager::getInstance().writeLog(
           gw::DEBUG,
           "GameOver::deleteGameObjects(): Object with id %d, %s (%p) is on the Pin "
@@ -58,16 +58,15 @@ GameOver::GameOver() {
 
 void GameOver::deleteGameObjects() {
   gw::WorldManager &world = gw::WorldManager::getInstance();
-  const gw::ObjectList objects = world.getAllObjects();
   gw::ObjectList pinned;
   if (const PinBoard *p_board = findFirst<PinBoard>())
     pinned = p_board->getPinnedBugs();
-  for (int i = 0; i < objects.getCount(); i++) {
-    const std::string object_type = objects[i]->getType();
+  for (gw::Object *p_o : world.getAllObjects()) {
+    const std::string object_type = p_o->getType();
     if (object_type == Cursor::TYPE || object_type == Spawner::TYPE ||
         object_type == Sequence::TYPE ||
-        (isInsect(object_type) && !isOnBoard(objects[i], pinned)))
-      world.markForDelete(objects[i]);
+        (isInsect(object_type) && !isOnBoard(p_o, pinned)))
+      world.markForDelete(p_o);
   }
 }
 
@@ -88,13 +87,12 @@ int GameOver::draw() {
 /// The second stage.
 void GameOver::endGame() {
   gw::WorldManager &world = gw::WorldManager::getInstance();
-  const gw::ObjectList objects = world.getAllObjects();
-  for (int i = 0; i < objects.getCount(); i++) {
-    const std::string object_type = objects[i]->getType();
+  for (gw::Object *p_o : world.getAllObjects()) {
+    const std::string object_type = p_o->getType();
     if (object_type == PinBoard::TYPE || object_type == Score::TYPE ||
         object_type == Slower::TYPE || isInsect(object_type))
-      world.markForDelete(objects[i]);
-    else if (auto *p_menu = dynamic_cast<GameStart *>(objects[i]))
+      world.markForDelete(p_o);
+    else if (auto *p_menu = dynamic_cast<GameStart *>(p_o))
       p_menu->setMenuActive(true);
   }
   world.markForDelete(this);

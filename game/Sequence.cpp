@@ -110,8 +110,8 @@ int Sequence::eventHandler(const gw::Event *p_e) {
 int Sequence::draw() {
   if (gw::Object::draw() == -1)
     return -1;
-  for (int i = 0; i < sequence.getCount(); i++)
-    sequence[i]->draw();
+  for (gw::Object *p_target : sequence)
+    p_target->draw();
   return 0;
 }
 
@@ -125,8 +125,8 @@ void Sequence::sellSequence() {
   const EventClear clear(sequence);
   world.onEvent(&clear);
   log.writeLog(gw::DEBUG, "Sequence::eventHandler(): Generating new Sequence.");
-  for (int i = 0; i < sequence.getCount(); i++)
-    world.markForDelete(sequence[i]);
+  for (gw::Object *p_target : sequence)
+    world.markForDelete(p_target);
   sequence.clear();
   new SoldTag;
 }

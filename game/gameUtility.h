@@ -25,9 +25,8 @@ gw::Vector displayCenter();
 /// that has just ended are no part of the one that starts in the same step.
 template <class T> T *findFirst() {
   gw::WorldManager &world = gw::WorldManager::getInstance();
-  const gw::ObjectList found = world.getAllObjectsOfType(T::TYPE);
-  for (int i = 0; i < found.getCount(); i++)
-    if (!world.isMarkedForDelete(found[i]))
-      return dynamic_cast<T *>(found[i]);
+  for (gw::Object *p_o : world.getAllObjectsOfType(T::TYPE))
+    if (!world.isMarkedForDelete(p_o))
+      return dynamic_cast<T *>(p_o);
   return nullptr;
 }

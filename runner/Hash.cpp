@@ -30,8 +30,8 @@ void Hash::add(Vector vector) {
 
 void Hash::add(const ObjectList &list) {
   add(list.getCount());
-  for (int i = 0; i < list.getCount(); i++)
-    add(list[i]->getId());
+  for (const Object *p_o : list)
+    add(p_o->getId());
 }
 
 void Hash::addBits(std::uint32_t bits) {

@@ -34,11 +34,10 @@ void addObject(Hash &hash, const Object &object) {
 
 std::uint64_t digestOf(const Game &game) {
   Hash hash;
-  const ObjectList objects = WorldManager::getInstance().getAllObjects();
-  for (int i = 0; i < objects.getCount(); i++) {
-    addObject(hash, *objects[i]);
+  for (const Object *p_o : WorldManager::getInstance().getAllObjects()) {
+    addObject(hash, *p_o);
     if (game.addFields)
-      game.addFields(hash, *objects[i]);
+      game.addFields(hash, *p_o);
   }
   hash.add(static_cast<int>(getRandState()));
   if (const TextScreen *p_text = DisplayManager::getInstance().getText()) {

@@ -52,9 +52,8 @@ void drawBox(const TextScreen &frame, const Object &object, const DrawText &draw
 
 void drawOverlay(const TextScreen &frame, const std::string &status,
                  const DrawText &draw) {
-  const ObjectList objects = WorldManager::getInstance().getAllObjects();
-  for (int i = 0; i < objects.getCount(); i++)
-    drawBox(frame, *objects[i], draw);
+  for (const Object *p_o : WorldManager::getInstance().getAllObjects())
+    drawBox(frame, *p_o, draw);
   draw(Vector(), status, OVERLAY_COLOR);
 }
 

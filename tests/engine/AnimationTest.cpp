@@ -87,6 +87,14 @@ TEST_F(EngineTest, AnimationsAndSpritesRefuseWhatTheyCannotShow) {
   refused(no_such_frame, -1, [&] { return sprite->draw(3, {}); });
   animation.setSprite(sprite.get());
   animation.setFrameIndex(2);
+  gw::Object &object = *new gw::Object;
+  refused("WARNING: New frame index 0 is outside Sprite frame count 0. Ignoring.", -1,
+          [&] { return object.setFrameIndex(0); });
+  object.setAnimation(animation);
+  refused("WARNING: New frame index 3 is outside Sprite frame count 3. Ignoring.", -1,
+          [&] { return object.setFrameIndex(3); });
+  EXPECT_EQ(object.setFrameIndex(1), 0);
+  EXPECT_EQ(object.getFrameIndex(), 1);
   refused("WARNING: New frame index 3 is outside Sprite frame count 3. Ignoring.", 2,
           set_index(3));
   refused("WARNING: New frame index -1 is outside Sprite frame count 3. Ignoring.", 2,

@@ -62,14 +62,13 @@ protected:
 
   /// Compares with a look at every object, one after the other.
   void expectAllFound(const gw::Object *p_o, Vector where) {
-    const gw::ObjectList objects = world().getAllObjects();
     const gw::ObjectList found = world().getCollisions(p_o, where);
     int next = 0;
-    for (int i = 0; i < objects.getCount(); i++)
-      if (objects[i] != p_o && objects[i]->registersCollisions() &&
-          boxesIntersect(getWorldBox(p_o, where), getWorldBox(objects[i]))) {
-        ASSERT_LT(next, found.getCount()) << "object " << i << " is not found";
-        ASSERT_EQ(found[next++], objects[i]) << "object " << i;
+    for (const gw::Object *p_other : world().getAllObjects())
+      if (p_other != p_o && p_other->registersCollisions() &&
+          boxesIntersect(getWorldBox(p_o, where), getWorldBox(p_other))) {
+        ASSERT_LT(next, found.getCount()) << p_other->getId() << " is not found";
+        ASSERT_EQ(found[next++], p_other) << p_other->getId();
       }
     ASSERT_EQ(next, found.getCount());
     collisions += next;
@@ -86,9 +85,8 @@ TEST_F(CollisionsTest, AllAreFoundInListOrderWhateverHandlersDo) {
     create();
   for (int i = 0; i < 200 && !HasFatalFailure(); i++) {
     world().update();
-    const gw::ObjectList objects = world().getAllObjects();
-    for (int k = 0; k < objects.getCount(); k++)
-      expectAllFound(objects[k], below(2) == 0 ? objects[k]->getPosition() : place());
+    for (const gw::Object *p_o : world().getAllObjects())
+      expectAllFound(p_o, below(2) == 0 ? p_o->getPosition() : place());
   }
   EXPECT_GT(collisions, 10000);
 }

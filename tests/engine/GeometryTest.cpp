@@ -1,4 +1,5 @@
 #include "utility.h"
+#include "vectorOperators.h"
 
 #include <gtest/gtest.h>
 
@@ -30,4 +31,11 @@ TEST(Geometry, BoxesAndPositionsIntersectUpToTheEdgeIncluded) {
   EXPECT_TRUE(gw::positionsIntersect({0, 0}, {1, -1}));
   EXPECT_FALSE(gw::positionsIntersect({0, 0}, {1.01f, 0}));
   EXPECT_FALSE(gw::positionsIntersect({0, 0}, {0, -1.01f}));
+}
+
+TEST(Geometry, VectorsAreComparedExactlyAndPartByPart) {
+  using gw::Vector;
+  EXPECT_TRUE(Vector(1, 2) - Vector(3, 5) == Vector(-2, -3));
+  EXPECT_TRUE(2 * Vector(1, -3) == Vector(2, -6) && Vector(1, -3) * 2 == Vector(2, -6));
+  EXPECT_TRUE(Vector(1, 2) != Vector(1, 2.0001f) && Vector(1, 2) != Vector(1.0001f, 2));
 }

@@ -34,8 +34,8 @@ ObjectList listOf(const std::string &letters) {
 
 std::string text(const ObjectList &list) {
   std::string letters;
-  for (int i = 0; i < list.getCount(); i++)
-    letters += static_cast<char>(reinterpret_cast<std::uintptr_t>(list[i]));
+  for (gw::Object *p_o : list)
+    letters += static_cast<char>(reinterpret_cast<std::uintptr_t>(p_o));
   return letters;
 }
 
@@ -85,6 +85,14 @@ TEST(ObjectList, CopiesAreIndependent) {
   const ObjectList &same = source;
   source = same;
   EXPECT_EQ(text(source) + "|" + text(copied) + "|" + text(assigned), "cbe|abcd|");
+  assigned = source;
+  std::string seen;
+  for (gw::Object *p_o : assigned) {
+    seen += text(listOf("x")) + text(source);
+    source.remove(p_o);
+    source.insert(pointer('f'));
+  }
+  EXPECT_EQ(seen, "xcbexebfxeff");
 }
 
 TEST(ObjectListDeathTest, RunningOutOfMemoryEndsTheProcessWithAMessage) {

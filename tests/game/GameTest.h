@@ -136,8 +136,8 @@ protected:
   }
   static std::string codesOf(const gw::ObjectList &insects) {
     std::string codes;
-    for (int i = 0; i < insects.getCount(); i++)
-      codes += (i > 0 ? " " : "") + codeOf(insects[i]);
+    for (const gw::Object *p_o : insects)
+      codes += (codes.empty() ? "" : " ") + codeOf(p_o);
     return codes;
   }
 
@@ -167,9 +167,8 @@ protected:
   /// The types of all objects in the world, in list order or sorted.
   static Lines types() {
     Lines found;
-    const gw::ObjectList objects = world().getAllObjects();
-    for (int i = 0; i < objects.getCount(); i++)
-      found.push_back(objects[i]->getType());
+    for (const gw::Object *p_o : world().getAllObjects())
+      found.push_back(p_o->getType());
     return found;
   }
   static Lines sortedTypes() {
@@ -184,8 +183,8 @@ protected:
 
 private:
   static void removeAll(const gw::ObjectList &objects) {
-    for (int i = 0; i < objects.getCount(); i++)
-      world().markForDelete(objects[i]);
+    for (gw::Object *p_o : objects)
+      world().markForDelete(p_o);
     world().update();
   }
 };

@@ -31,8 +31,8 @@ TEST_F(PinBoardTest, ASaleTakesTheNewestOffAndPutsTheOthersInTheirSlots) {
     SCOPED_TRACE(c.before);
     new PinBoard;
     pin(c.before);
-    for (int i = 0; i < board()->getPinnedBugs().getCount(); i++)
-      board()->getPinnedBugs()[i]->setPosition({1, 1});
+    for (gw::Object *p_pinned : board()->getPinnedBugs())
+      p_pinned->setPosition({1, 1});
     gw::ObjectList targets;
     for (int i = 0; i < c.sold; i++)
       targets.insert(board());
