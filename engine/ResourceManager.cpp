@@ -74,6 +74,20 @@ int unload(Table &table, int &count, const std::string &label, const char *compl
   return 0;
 }
 
+/// A WARNING for each that has the label of one before it.
+template <class Table>
+void warnOfShared(const Table &table, int count, const char *kind) {
+  for (int i = 0; i < count; i++) {
+    const std::string label = table[static_cast<std::size_t>(i)]->getLabel();
+    if (find(table, count, label) < i)
+      LogManager::getInstance().writeLog(
+          WARNING,
+          "gw::ResourceManager::warnOfSharedLabels() - %s with label '%s' was loaded "
+          "more than once. The first one is found.",
+          kind, label.c_str());
+  }
+}
+
 /// The sprite in the file, or null with ERRORs.
 std::unique_ptr<Sprite> readSpriteFile(const std::string &filename,
                                        const std::string &label) {
@@ -87,10 +101,14 @@ std::unique_ptr<Sprite> readSpriteFile(const std::string &filename,
                  filename.c_str());
     return nullptr;
   }
-  std::unique_ptr<Sprite> sprite = readSprite(file);
+  std::string remark;
+  std::unique_ptr<Sprite> sprite = readSprite(file, remark);
   if (!sprite)
     log.writeLog(ERROR, "gw::ResourceManager::loadSprite() - Sprite '%s' not loaded.",
                  label.c_str());
+  if (!remark.empty())
+    log.writeLog(WARNING, "gw::ResourceManager::loadSprite() - File '%s', %s.",
+                 filename.c_str(), remark.c_str());
   return sprite;
 }
 
@@ -243,6 +261,12 @@ int ResourceManager::unloadMusic(std::string label) {
                 "gw::ResourceManager::unloadMusic() - Could not find loaded Music with "
                 "label '%s'.",
                 "gw::ResourceManager::unloadMusic() - Unloading music with label '%s'.");
+}
+
+void ResourceManager::warnOfSharedLabels() const {
+  warnOfShared(sprites, sprite_count, "Sprite");
+  warnOfShared(sounds, sound_count, "Sound");
+  warnOfShared(musics, music_count, "Music");
 }
 
 Music *ResourceManager::getMusic(std::string label) {

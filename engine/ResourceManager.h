@@ -36,8 +36,9 @@ public:
 
   /// Reads a sprite file (docs/sprite-format.md).
   /// @return 0, or -1 with an ERROR for a file that cannot be read or is not in
-  /// the format (line and reason), with a WARNING when there is no room; nothing
-  /// is added then
+  /// the format (line and reason; what one does not see in that line, as a blank at
+  /// its end, in a WARNING), with a WARNING when there is no room; nothing is added
+  /// then
   int loadSprite(std::string filename, std::string label);
 
   /// Whether the last try to load a sprite of that label has failed. False when there was
@@ -63,6 +64,10 @@ public:
   /// As for sprites; the empty label is refused. @{
   int unloadMusic(std::string label);
   Music *getMusic(std::string label); ///@}
+
+  /// A WARNING for each sprite, sound or music that is not found by its label, because
+  /// another one of that label was loaded before. For a look after all was loaded.
+  void warnOfSharedLabels() const;
 
 private:
   ResourceManager();

@@ -5,6 +5,7 @@
 #include "InputManager.h"
 #include "LogManager.h"
 #include "Random.h"
+#include "ResourceManager.h"
 #include "ScreenText.h"
 #include "internal/Digest.h"
 #include "internal/Options.h"
@@ -162,6 +163,7 @@ private:
     srand(seed);
     if (game.loadResources)
       game.loadResources();
+    ResourceManager::getInstance().warnOfSharedLabels();
     game.populateWorld();
     for (const NamedPlayer &named : game.players)
       if (!recording && named.name == options.player)

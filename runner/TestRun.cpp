@@ -4,6 +4,7 @@
 #include "GameManager.h"
 #include "LogManager.h"
 #include "Random.h"
+#include "ResourceManager.h"
 #include "WorldManager.h"
 
 #include <fstream>
@@ -20,6 +21,7 @@ TestRun::TestRun(const Game &game, unsigned seed) {
   srand(seed);
   if (game.loadResources)
     game.loadResources();
+  ResourceManager::getInstance().warnOfSharedLabels();
   game.populateWorld();
 }
 

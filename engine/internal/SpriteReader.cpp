@@ -4,9 +4,11 @@
 #include "utility.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cerrno>
 #include <climits>
+#include <cstdio>
 #include <cstdlib>
 #include <utility>
 #include <vector>
@@ -22,16 +24,21 @@ public:
 
   const std::string &next() {
     line.clear();
-    std::getline(file, line);
+    is_there = static_cast<bool>(std::getline(file, line));
     discardCarriageReturn(line);
+    number++;
     return line;
   }
 
   const std::string &current() const { return line; }
+  long long getNumber() const { return number; } ///< of the current one, from 1 on
+  bool isThere() const { return is_there; }      ///< not past the last
 
 private:
   std::istream &file;
   std::string line;
+  long long number = 0;
+  bool is_there = true;
 };
 
 struct Number {
@@ -99,14 +106,13 @@ bool readHead(LineReader &lines, Head &head) {
 /// reserved for it.
 bool readFrames(LineReader &lines, const Head &head, std::vector<Frame> &frames) {
   const auto width = static_cast<std::size_t>(head.width);
-  long long line_number = 6;
   for (int f = 0; f < head.frame_count; f++) {
     std::string rows;
-    for (int r = 0; r < head.height; r++, line_number++) {
+    for (int r = 0; r < head.height; r++) {
       const std::string &row = lines.next();
       if (row.size() != width) {
         LogManager::getInstance().writeLog(
-            ERROR, "Line %lld: Line width %lld, expected %d.", line_number,
+            ERROR, "Line %lld: Line width %lld, expected %d.", lines.getNumber(),
             static_cast<long long>(row.size()), head.width);
         return false;
       }
@@ -128,15 +134,67 @@ std::unique_ptr<Sprite> makeSprite(const Head &head, std::vector<Frame> &&frames
   return sprite;
 }
 
+constexpr long long COLOR_LINE = 5; ///< numbers are above it, and rows below
+
+bool isAscii(char ch) {
+  return static_cast<unsigned char>(ch) < 128;
+}
+
+bool isPrintable(char ch) {
+  return ch >= ' ' && ch <= '~';
+}
+
+/// Whether a character is out of place in a line of that number, or may not look like
+/// what it is.
+bool isOdd(char ch, long long line_number) {
+  if (line_number < COLOR_LINE)
+    return ch < '0' || ch > '9';
+  if (line_number == COLOR_LINE)
+    return ch < 'a' || ch > 'z';
+  return !isPrintable(ch);
+}
+
+std::string describe(char ch) {
+  if (ch == ' ')
+    return "a blank";
+  if (ch == '\t')
+    return "a tab";
+  if (isPrintable(ch))
+    return std::string("'") + ch + "'";
+  std::array<char, 8> code{};
+  std::snprintf(code.data(), code.size(), "0x%02x", static_cast<unsigned char>(ch));
+  return code.data() + std::string(isAscii(ch) ? ", a control character"
+                                               : ", part of what is not ASCII");
+}
+
+/// The remark about the current line.
+std::string remarkOn(const LineReader &lines) {
+  const std::string &line = lines.current();
+  const long long number = lines.getNumber();
+  const std::string place = "line " + std::to_string(number) + ": ";
+  if (!lines.isThere())
+    return place + "the file ends before it";
+  if (line.empty())
+    return place + "it is empty";
+  const auto odd = std::find_if(line.begin(), line.end(),
+                                [number](char ch) { return isOdd(ch, number); });
+  if (odd != line.end())
+    return place + "column " + std::to_string(odd - line.begin() + 1) + " is " +
+           describe(*odd);
+  const bool is_too_large = number < COLOR_LINE && !parseNumber(line).valid;
+  return is_too_large ? place + "the number is too large" : "";
+}
+
 } // namespace
 
-std::unique_ptr<Sprite> readSprite(std::istream &file) {
+std::unique_ptr<Sprite> readSprite(std::istream &file, std::string &remark) {
   LineReader lines(file);
   Head head{};
   std::vector<Frame> frames;
   if (!readHead(lines, head) || !readFrames(lines, head, frames)) {
     LogManager::getInstance().writeLog(ERROR, "Line is: '%s'",
                                        shortened(lines.current()).c_str());
+    remark = remarkOn(lines);
     return nullptr;
   }
   return makeSprite(head, std::move(frames));

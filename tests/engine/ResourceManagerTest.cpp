@@ -16,19 +16,23 @@ protected:
   gw::ResourceManager &resources = gw::ResourceManager::getInstance();
 
   /// Loads a sprite file of that content as "x" and expects those two lines of
-  /// complaint and no sprite.
+  /// complaint, after them the remark, if it is one, and no sprite.
   void expectRefused(const std::string &content, const std::string &reason,
-                     const std::string &line) {
+                     const std::string &line, const std::string &remark = "") {
     writeFile("bad.txt", content);
     const Lines found =
         logOf([&] { EXPECT_EQ(resources.loadSprite("bad.txt", "x"), -1); });
-    const Lines expected = {
+    Lines expected = {
         "INFO: gw::ResourceManager::loadSprite() - Loading sprite with label 'x' from "
         "file 'bad.txt'.",
         "ERROR: " + reason, "ERROR: Line is: '" + line + "'",
         "ERROR: gw::ResourceManager::loadSprite() - Sprite 'x' not loaded."};
+    if (!remark.empty())
+      expected.push_back("WARNING: gw::ResourceManager::loadSprite() - File 'bad.txt', " +
+                         remark + ".");
     EXPECT_TRUE(found == expected) // some lines are megabytes long, too long to print
-        << reason << "\ninstead: " << (found.size() > 1 ? found[1].substr(0, 200) : "");
+        << reason << "\ninstead: " << (found.size() > 1 ? found[1].substr(0, 200) : "")
+        << "\nat its end: " << found.back().substr(0, 200);
     EXPECT_EQ(resources.getSprite("x"), nullptr) << reason;
   }
 };
@@ -85,41 +89,71 @@ TEST_F(ResourceManagerTest, GoodSpriteFilesAreRead) {
 TEST_F(ResourceManagerTest, ABadLineOfASpriteFileIsNamed) {
   const Lines good = {"2", "3", "2", "4", "red", "abc", "def", "ghi", "jkl"};
   const auto expectNamed = [&](int line, const std::string &replacement,
-                               const std::string &value) {
+                               const std::string &value, std::string remark) {
+    if (!remark.empty())
+      remark = "line " + std::to_string(line) + ": " + remark;
     for (const char *end : {"\n", "\r\n"}) {
       std::string content;
       for (int i = 1; i <= 9; i++)
         content += (i == line ? replacement : good[std::size_t(i) - 1]) + end;
-      expectRefused(content, reason(line, value), replacement);
+      expectRefused(content, reason(line, value), replacement, remark);
     }
   };
   const struct {
-    int line; ///< of the good file, from 1 on
-    const char *replacement;
-    const char *value; ///< that the log names
-  } cases[] = {{1, "0", "0"},    {1, "-1", "-1"},  {1, " 2", "2"},  {1, "2 ", "2"},
-               {1, "", "0"},     {1, "5x", "5"},   {1, "x5", "0"},  {1, "+2", "2"},
-               {1, "1.5", "1"},  {1, "2\r2", "2"}, {2, "0", "0"},   {2, "3 ", "3"},
-               {2, "", "0"},     {3, "0", "0"},    {3, "-7", "-7"}, {3, "two", "0"},
-               {4, "-1", "-1"},  {4, "4 ", "4"},   {4, "x", "0"},   {5, "Red", ""},
-               {5, "red ", ""},  {5, " red", ""},  {5, "", ""},     {5, "redred", ""},
-               {5, "1", ""},     {6, "abcd", "4"}, {7, "de", "2"},  {8, "", "0"},
-               {9, "jk\rl", "4"}};
+    int line = 0; ///< of the good file, from 1 on
+    const char *replacement = nullptr;
+    const char *value = nullptr; ///< that the log names
+    const char *remark = "";     ///< about what is in the line
+  } cases[] = {{1, "0", "0"},
+               {1, "-1", "-1", "column 1 is '-'"},
+               {1, " 2", "2", "column 1 is a blank"},
+               {1, "2 ", "2", "column 2 is a blank"},
+               {1, "", "0", "it is empty"},
+               {1, "5x", "5", "column 2 is 'x'"},
+               {1, "x5", "0", "column 1 is 'x'"},
+               {1, "+2", "2", "column 1 is '+'"},
+               {1, "1.5", "1", "column 2 is '.'"},
+               {1, "2\r2", "2", "column 2 is 0x0d, a control character"},
+               {1, "99999999999", "2147483647", "the number is too large"}, // for an int
+               {2, "2147483648", "2147483647", "the number is too large"},
+               {2, "0", "0"},
+               {2, "3\t", "3", "column 2 is a tab"},
+               {2, "", "0", "it is empty"},
+               {3, "0", "0"},
+               {3, "-7", "-7", "column 1 is '-'"},
+               {3, "two", "0", "column 1 is 't'"},
+               {4, "-1", "-1", "column 1 is '-'"},
+               {4, "4 ", "4", "column 2 is a blank"},
+               {4, "x", "0", "column 1 is 'x'"},
+               {4, "-99999999999999999999", "-2147483648", "column 1 is '-'"},
+               {5, "Red", "", "column 1 is 'R'"},
+               {5, "red ", "", "column 4 is a blank"},
+               {5, " red", "", "column 1 is a blank"},
+               {5, "", "", "it is empty"},
+               {5, "redred", ""},
+               {5, "1", "", "column 1 is '1'"},
+               {6, "abcd", "4"},
+               {6, "ab ~", "4"},
+               {6, "a\tbc", "4", "column 2 is a tab"},
+               {7, "de", "2"},
+               {7, "de\xc3\xa9", "4", "column 3 is 0xc3, part of what is not ASCII"},
+               {8, "", "0", "it is empty"},
+               {9, "jk\rl", "4", "column 3 is 0x0d, a control character"}};
   for (const auto &c : cases)
-    expectNamed(c.line, c.replacement, c.value);
-  expectNamed(1, "99999999999", "2147483647"); // no int: the nearest one is named
-  expectNamed(2, "2147483648", "2147483647");
-  expectNamed(4, "-99999999999999999999", "-2147483648");
+    expectNamed(c.line, c.replacement, c.value, c.remark);
   std::string cut;
   for (int line = 1; line <= 9; line++) {
     // Without line 4 the slowdown is 0, and the next line is found missing.
-    expectRefused(cut, reason(line == 4 ? 5 : line, "0"), "");
+    const int missing = line == 4 ? 5 : line;
+    expectRefused(cut, reason(missing, "0"), "",
+                  "line " + std::to_string(missing) + ": the file ends before it");
     cut += good[std::size_t(line) - 1] + "\n";
   }
   // A NUL is a character like another; the log shows what is before it.
-  expectRefused(std::string("1\n3\n1\n0\nred\nab\0d\n", 17), reason(6, "4"), "ab");
+  expectRefused(std::string("1\n3\n1\n0\nred\nab\0d\n", 17), reason(6, "4"), "ab",
+                "line 6: column 3 is 0x00, a control character");
   expectRefused(std::string("\x7f\xfe\xff\0\x01\n\0\n", 8), reason(1, "0"),
-                "\x7f\xfe\xff");
+                "\x7f\xfe\xff", "line 1: column 1 is 0x7f, a control character");
 }
 
 TEST_F(ResourceManagerTest, WhatASpriteFileClaimsCostsNoMemory) {
@@ -129,17 +163,19 @@ TEST_F(ResourceManagerTest, WhatASpriteFileClaimsCostsNoMemory) {
     return usage.ru_maxrss; // kilobytes
   };
   const long before = peak();
+  const std::string cut = "line 7: the file ends before it";
   const std::string huge = "2000000000";
   const std::string too_narrow = "Line 6: Line width 3, expected 2000000000.";
-  expectRefused(lines({huge, "3", "1", "0", "red", "abc"}), reason(7, "0"), "");
-  expectRefused(lines({"1", "3", huge, "0", "red", "abc"}), reason(7, "0"), "");
+  expectRefused(lines({huge, "3", "1", "0", "red", "abc"}), reason(7, "0"), "", cut);
+  expectRefused(lines({"1", "3", huge, "0", "red", "abc"}), reason(7, "0"), "", cut);
   expectRefused(lines({"1", huge, "1", "0", "red", "abc"}), too_narrow, "abc");
   expectRefused(lines({huge, huge, huge, huge, "red", "abc"}), too_narrow, "abc");
   EXPECT_LT(peak() - before, 50000);
   const std::string ones(8000000, '1');
   const std::string quoted = std::string(200, '1') + "...";
-  expectRefused(ones, reason(1, "2147483647"), quoted);
-  expectRefused(lines({"1", "3", "1", "0", ones}), reason(5, ""), quoted);
+  expectRefused(ones, reason(1, "2147483647"), quoted, "line 1: the number is too large");
+  expectRefused(lines({"1", "3", "1", "0", ones}), reason(5, ""), quoted,
+                "line 5: column 1 is '1'");
   expectRefused(lines({"1", "3", "1", "0", "red", ones}), reason(6, "8000000"), quoted);
   EXPECT_LT(peak() - before, 500000) << "a line is held a few times at most";
 }
@@ -179,6 +215,22 @@ TEST_F(ResourceManagerTest, SpritesAreFoundAndUnloadedInTheirOrderUpToAFullTable
                    "WARNING: gw::ResourceManager::unloadSprite() - " + missing}));
   EXPECT_EQ(resources.getSprite("498"), p_last) << "the others keep their order";
   EXPECT_EQ(resources.loadSprite("good.txt", "y"), 0) << "there is room again";
+}
+
+TEST_F(ResourceManagerTest, WhatHasTheLabelOfAnotherIsNamedWhenAskedFor) {
+  writeFile("good.txt", lines({"1", "1", "1", "0", "red", "x"}));
+  writeFile("good.wav", WAV);
+  for (const char *label : {"x", "y", "x"})
+    EXPECT_EQ(resources.loadSprite("good.txt", label), 0);
+  for (const char *label : {"x", "z", "z", "z"})
+    EXPECT_EQ(resources.loadSound("good.wav", label), 0);
+  const auto line = [](const std::string &what) {
+    return "WARNING: gw::ResourceManager::warnOfSharedLabels() - " + what +
+           " was loaded more than once. The first one is found.";
+  };
+  const std::string z = line("Sound with label 'z'");
+  EXPECT_EQ(logOf([&] { resources.warnOfSharedLabels(); }),
+            (Lines{line("Sprite with label 'x'"), z, z}));
 }
 
 TEST_F(ResourceManagerTest, SoundsAndMusicHaveTablesOfTheirOwn) {

@@ -21,7 +21,9 @@ void require(bool holds, const char *what) {
 
 bool readFuzzInput(const std::string &content) {
   std::istringstream file(content);
-  const std::unique_ptr<gw::Sprite> sprite = gw::readSprite(file);
+  std::string remark;
+  const std::unique_ptr<gw::Sprite> sprite = gw::readSprite(file, remark);
+  require(!sprite || remark.empty(), "one with a remark");
   if (!sprite)
     return false;
   require(sprite->getFrameCount() >= 1, "no frames");

@@ -53,16 +53,18 @@ class SpriteTest(unittest.TestCase):
         pathlib.Path("bad.txt").write_text("1\n3\n2\n0\nred\nabc\nab\x1b\x9bé\n")
         said = self.run_tool("check", "bad.txt", BEE, status=1).split("bad.txt: ")
         self.assertEqual(said[1:], ["Line 7: Line width 7, expected 3.\n",
-                                    "Line is: 'ab\\x1b\\xc2\\x9bé'\n"])
+                                    "Line is: 'ab\\x1b\\xc2\\x9bé'\n",
+                                    "line 7: column 3 is 0x1b, a control character\n"])
         for arguments in (), ("check",), ("png", BEE), ("show", BEE, "--frame", "-1"):
             self.run_tool(*arguments, status=2)
 
     def test_the_examples_of_the_documentation_are_good_and_bad_as_it_says(self):
         page = pathlib.Path(__file__).parents[2] / "docs/sprite-format.md"
-        good, bad, said, said_next = re.findall(r"(?s)```\n(.*?)```\n", page.read_text())[:4]
+        good, bad, *said = re.findall(r"(?s)```\n(.*?)```\n", page.read_text())[:5]
         pathlib.Path("good.txt").write_text(good)
         self.run_tool("check", "good.txt")
-        for text, message in (bad, said), (bad.replace("orange", "red"), said_next):
+        texts = bad, bad.replace("orange", "red"), bad.replace("2", "2 ", 1)
+        for text, message in zip(texts, said, strict=True):
             pathlib.Path("bad.txt").write_text(text)
             self.assertEqual(self.run_tool("check", "bad.txt", status=1), message)
 

@@ -47,9 +47,12 @@ LoadedSprite SpriteLoader::load(const std::string &filename) {
   if (gw::isRegularFile(filename))
     file.open(filename);
   if (file.is_open()) {
-    loaded.sprite = gw::readSprite(file);
+    std::string remark;
+    loaded.sprite = gw::readSprite(file, remark);
     for (const std::string &line : takeLogLines())
       loaded.messages.push_back(gw::printable(filename + ": " + messageOf(line)));
+    if (!remark.empty())
+      loaded.messages.push_back(gw::printable(filename + ": " + remark));
   } else {
     loaded.messages.push_back(gw::printable(filename + ": Could not open sprite file."));
   }
