@@ -1,14 +1,13 @@
-// Balls that bounce off walls, off a pillar and off each other. An argument: the number
-// of steps to run.
+// Balls that bounce off walls, off a pillar and off each other. There is nothing to do in
+// it: close the window, or end it with Ctrl-C.
 
 #include "DisplayManager.h"
 #include "EventCollision.h"
-#include "GameManager.h"
+#include "Game.h"
 #include "Object.h"
 #include "WorldManager.h"
 
 #include <cmath>
-#include <cstdlib>
 #include <string>
 
 namespace {
@@ -77,23 +76,27 @@ private:
 
 } // namespace
 
-int main(int argc, char *argv[]) {
-  gw::GameManager &game = gw::GameManager::getInstance();
-  if (game.startUp() != 0)
-    return 1;
-  new Wall(0, 0, 128, 1);
-  new Wall(0, 47, 128, 1);
-  new Wall(0, 1, 2, 46);
-  new Wall(126, 1, 2, 46);
-  new Wall(58, 18, 12, 10);
-  new Ball(gw::Vector(20, 10), gw::Vector(0.9f, 0.4f), gw::RED);
-  new Ball(gw::Vector(90, 30), gw::Vector(-0.6f, 0.5f), gw::YELLOW);
-  new Ball(gw::Vector(30, 40), gw::Vector(0.5f, -0.7f), gw::GREEN);
-
-  const int last_step = argc > 1 ? std::atoi(argv[1]) : -1;
-  long long lateness = 0;
-  while (!game.getGameOver() && game.getStepCount() != last_step)
-    lateness = game.runStep(lateness);
-  game.shutDown();
-  return 0;
+gw::Game bounceGame() {
+  gw::Game game;
+  game.name = "bounce";
+  game.populateWorld = [] {
+    new Wall(0, 0, 128, 1);
+    new Wall(0, 47, 128, 1);
+    new Wall(0, 1, 2, 46);
+    new Wall(126, 1, 2, 46);
+    new Wall(58, 18, 12, 10);
+    new Ball(gw::Vector(20, 10), gw::Vector(0.9f, 0.4f), gw::RED);
+    new Ball(gw::Vector(90, 30), gw::Vector(-0.6f, 0.5f), gw::YELLOW);
+    new Ball(gw::Vector(30, 40), gw::Vector(0.5f, -0.7f), gw::GREEN);
+  };
+  return game;
 }
+
+// A test has a `main` of its own.
+#ifndef WITHOUT_MAIN
+
+int main(int argc, char *argv[]) {
+  return gw::runGame(bounceGame(), argc, argv);
+}
+
+#endif

@@ -1,13 +1,13 @@
-// Collect coins with the arrow keys; Q quits. An argument: the number of steps to run.
+// Collect coins with the arrow keys; Q quits.
 
 #include "DisplayManager.h"
 #include "EventCollision.h"
 #include "EventKeyboard.h"
+#include "Game.h"
 #include "GameManager.h"
 #include "Object.h"
 #include "Random.h"
 
-#include <cstdlib>
 #include <string>
 
 namespace {
@@ -15,6 +15,7 @@ namespace {
 class Player : public gw::Object {
 public:
   Player() {
+    setType("Player");
     setPosition(gw::Vector(64, 24));
     setCollisionResponse(gw::OVERLAP);
   }
@@ -60,6 +61,7 @@ private:
 class Coin : public gw::Object {
 public:
   Coin() {
+    setType("Coin");
     setCollisionResponse(gw::OVERLAP);
     jump();
   }
@@ -83,17 +85,22 @@ private:
 
 } // namespace
 
-int main(int argc, char *argv[]) {
-  gw::GameManager &game = gw::GameManager::getInstance();
-  if (game.startUp() != 0)
-    return 1;
-  new Player;
-  for (int i = 0; i < 20; i++)
-    new Coin;
-  const int last_step = argc > 1 ? std::atoi(argv[1]) : -1;
-  long long lateness = 0;
-  while (!game.getGameOver() && game.getStepCount() != last_step)
-    lateness = game.runStep(lateness);
-  game.shutDown();
-  return 0;
+gw::Game keysGame() {
+  gw::Game game;
+  game.name = "keys";
+  game.populateWorld = [] {
+    new Player;
+    for (int i = 0; i < 20; i++)
+      new Coin;
+  };
+  return game;
 }
+
+// A test has a `main` of its own.
+#ifndef WITHOUT_MAIN
+
+int main(int argc, char *argv[]) {
+  return gw::runGame(keysGame(), argc, argv);
+}
+
+#endif

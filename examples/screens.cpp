@@ -1,16 +1,15 @@
 // Two screens that replace each other, with a sprite and a sound. SPACE goes to the
-// other one, and so does waiting; Q quits. An argument: the number of steps to run.
+// other one, and so does waiting; Q quits.
 
 #include "DisplayManager.h"
 #include "EventKeyboard.h"
 #include "EventStep.h"
+#include "Game.h"
 #include "GameManager.h"
 #include "Object.h"
 #include "ResourceManager.h"
 #include "Sound.h"
 #include "WorldManager.h"
-
-#include <cstdlib>
 
 namespace {
 
@@ -81,19 +80,23 @@ void Title::showNext() {
 
 } // namespace
 
-int main(int argc, char *argv[]) {
-  gw::GameManager &game = gw::GameManager::getInstance();
-  if (game.startUp() != 0)
-    return 1;
-  gw::ResourceManager &resources = gw::ResourceManager::getInstance();
-  resources.loadSprite("screens/rocket.txt", "Rocket");
-  resources.loadSound("screens/start.wav", "Start");
-  new Title;
-
-  const int last_step = argc > 1 ? std::atoi(argv[1]) : -1;
-  long long lateness = 0;
-  while (!game.getGameOver() && game.getStepCount() != last_step)
-    lateness = game.runStep(lateness);
-  game.shutDown();
-  return 0;
+gw::Game screensGame() {
+  gw::Game game;
+  game.name = "screens";
+  game.loadResources = [] {
+    gw::ResourceManager &resources = gw::ResourceManager::getInstance();
+    resources.loadSprite("screens/rocket.txt", "Rocket");
+    resources.loadSound("screens/start.wav", "Start");
+  };
+  game.populateWorld = [] { new Title; };
+  return game;
 }
+
+// A test has a `main` of its own.
+#ifndef WITHOUT_MAIN
+
+int main(int argc, char *argv[]) {
+  return gw::runGame(screensGame(), argc, argv);
+}
+
+#endif
