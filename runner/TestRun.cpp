@@ -35,27 +35,27 @@ void TestRun::step(int count) {
     GameManager::getInstance().runStep(NEVER_SLEEP);
 }
 
-bool TestRun::isOver() {
+bool TestRun::isOver() const {
   return GameManager::getInstance().getGameOver();
 }
 
-const TextScreen &TestRun::getScreen() {
+const TextScreen &TestRun::getScreen() const {
   return *DisplayManager::getInstance().getText();
 }
 
-bool TestRun::shows(const std::string &text) {
+bool TestRun::shows(const std::string &text) const {
   for (const std::string &row : getScreen().getRows())
     if (row.find(text) != std::string::npos)
       return true;
   return false;
 }
 
-ObjectList TestRun::getObjects(const std::string &type) {
+ObjectList TestRun::getObjects(const std::string &type) const {
   WorldManager &world = WorldManager::getInstance();
   return type.empty() ? world.getAllObjects() : world.getAllObjectsOfType(type);
 }
 
-std::string TestRun::getLog() {
+std::string TestRun::getLog() const {
   std::ifstream file(LOGFILE_NAME);
   std::ostringstream text;
   text << file.rdbuf();

@@ -28,22 +28,22 @@ public:
 
   /// Runs so many steps of the game loop, without sleep. What was pressed and moved since
   /// the last one is heard in the first.
-  static void step(int count = 1);
+  void step(int count = 1);
 
   /// Whether the game has ended itself.
-  static bool isOver();
+  bool isOver() const;
 
   /// What the last step showed; blank before the first.
-  static const TextScreen &getScreen();
+  const TextScreen &getScreen() const;
 
   /// Whether that text stands in one row of the screen.
-  static bool shows(const std::string &text);
+  bool shows(const std::string &text) const;
 
   /// The objects of the type; all where none is given. In list order.
-  static ObjectList getObjects(const std::string &type = "");
+  ObjectList getObjects(const std::string &type = "") const;
 
   /// The log so far.
-  static std::string getLog();
+  std::string getLog() const;
 };
 
 } // namespace gw

@@ -21,26 +21,25 @@ std::string framed(const std::string &row, const std::string &name) {
 } // namespace
 
 TEST(TestRunTest, TurnsInputIntoWhatIsShownAndLogged) {
-  using gw::TestRun;
-  const TestRun run(dotGame(), 7);
-  EXPECT_FALSE(TestRun::shows("(dot)")) << "nothing is shown before the first step";
-  TestRun::step();
-  EXPECT_EQ(TestRun::getScreen().getRows(3, 2, 5, 1), Lines{"(dot)"});
-  EXPECT_EQ(TestRun::getScreen().getColorRows(2, 2, 7, 1), Lines{" rrrrr "});
+  gw::TestRun run(dotGame(), 7);
+  EXPECT_FALSE(run.shows("(dot)")) << "nothing is shown before the first step";
+  run.step();
+  EXPECT_EQ(run.getScreen().getRows(3, 2, 5, 1), Lines{"(dot)"});
+  EXPECT_EQ(run.getScreen().getColorRows(2, 2, 7, 1), Lines{" rrrrr "});
   gw::pressMouse(gw::Mouse::LEFT, {20.5f, 30.5f}); // halfway: the cell to the left
-  EXPECT_TRUE(TestRun::shows("   (dot)")) << "not heard yet";
-  TestRun::step();
-  EXPECT_EQ(TestRun::getScreen().getRows(20, 30, 5, 1), Lines{"(dot)"});
-  ASSERT_EQ(TestRun::getObjects("Dot").getCount(), 1);
-  EXPECT_EQ(xy(TestRun::getObjects()[0]->getPosition()), xy({20.5f, 30.5f}));
+  EXPECT_TRUE(run.shows("   (dot)")) << "not heard yet";
+  run.step();
+  EXPECT_EQ(run.getScreen().getRows(20, 30, 5, 1), Lines{"(dot)"});
+  ASSERT_EQ(run.getObjects("Dot").getCount(), 1);
+  EXPECT_EQ(xy(run.getObjects()[0]->getPosition()), xy({20.5f, 30.5f}));
   gw::pressKey(gw::Keyboard::A);
-  TestRun::step(4);
-  EXPECT_EQ(dynamic_cast<Dot *>(TestRun::getObjects()[0])->steps_held, 3);
-  EXPECT_FALSE(TestRun::isOver());
+  run.step(4);
+  EXPECT_EQ(dynamic_cast<Dot *>(run.getObjects()[0])->steps_held, 3);
+  EXPECT_FALSE(run.isOver());
   gw::pressKey(gw::Keyboard::Q);
-  TestRun::step();
-  EXPECT_TRUE(TestRun::isOver());
-  EXPECT_NE(TestRun::getLog().find("WorldManager is started up."), std::string::npos);
+  run.step();
+  EXPECT_TRUE(run.isOver());
+  EXPECT_NE(run.getLog().find("WorldManager is started up."), std::string::npos);
 }
 
 TEST(ScreenTextTest, DifferencesAreTwoPicturesOfTheRowsThatDiffer) {
