@@ -154,7 +154,7 @@ void CharacterBatch::draw(sf::RenderTarget &target) {
     return;
   sf::RenderStates states;
   states.texture = glyphs ? &glyphs->getTexture() : nullptr;
-  target.draw(vertices.data(), vertices.size(), sf::PrimitiveType::Triangles, states);
+  drawQuads(target, vertices, states);
   vertices.clear();
   last_background.reset();
 }

@@ -44,18 +44,11 @@ bool PictureTexture::draw(sf::RenderTarget &target, const std::uint32_t *p_pixel
                           sf::Color color, const std::vector<sf::IntRect> &areas) {
   const bool has_picture = !areas.empty() && make();
   if (has_picture) {
-    const bool is_whole = isWhole(areas);
-    if (is_whole && !shader)
-      prepareWhole();
     texture->setSmooth(sf::Vector2i(target.getSize()) != size);
     // One row more on both sides, which a smooth texture looks at as well.
     const sf::IntRect last = areas.back();
     upload(p_pixels, std::max(areas.front().position.y - 1, 0),
            std::min(last.position.y + last.size.y + 1, size.y));
-    if (is_whole) {
-      drawWhole(target);
-      return true;
-    }
   }
   target.clear(color);
   if (has_picture)
@@ -63,13 +56,28 @@ bool PictureTexture::draw(sf::RenderTarget &target, const std::uint32_t *p_pixel
   return has_picture || areas.empty();
 }
 
+/// With software OpenGL, rectangles of a texture that is kept like the window, with a
+/// shader that only copies, are copied row by row: a full screen takes less than half the
+/// time. Without one of the two it looks the same. Making the shader takes longer than
+/// many frames: the first picture is there sooner without.
 bool PictureTexture::make() {
+  if (texture && !shader)
+    makeShader();
   if (texture)
     return true;
   texture.emplace();
-  if (!texture->resize(sf::Vector2u(sf::Vector2i(stride, size.y))))
+  if (texture->resize(sf::Vector2u(sf::Vector2i(stride, size.y))))
+    keepLikeWindow(*texture);
+  else
     texture.reset();
   return texture.has_value();
+}
+
+void PictureTexture::makeShader() {
+  shader.emplace();
+  if (sf::Shader::isAvailable() &&
+      shader->loadFromMemory(SHADER, sf::Shader::Type::Fragment))
+    shader->setUniform("picture", sf::Shader::CurrentTexture);
 }
 
 void PictureTexture::upload(const std::uint32_t *p_pixels, int first_row, int end_row) {
@@ -79,37 +87,6 @@ void PictureTexture::upload(const std::uint32_t *p_pixels, int first_row, int en
                   sf::Vector2u(sf::Vector2i(0, first_row)));
 }
 
-bool PictureTexture::isWhole(const std::vector<sf::IntRect> &areas) const {
-  int pixels = 0;
-  for (const sf::IntRect &area : areas)
-    pixels += area.size.x * area.size.y;
-  return pixels == size.x * size.y;
-}
-
-/// With software OpenGL, a rectangle of a texture that is kept like the window, with a
-/// shader that only copies, and as a strip of four corners, is copied row by row: a full
-/// screen takes a third less. Without one of these three it looks the same. Games without
-/// full screens do without: making the shader takes time.
-void PictureTexture::prepareWhole() {
-  keepLikeWindow(*texture);
-  shader.emplace();
-  if (sf::Shader::isAvailable() &&
-      shader->loadFromMemory(SHADER, sf::Shader::Type::Fragment))
-    shader->setUniform("picture", sf::Shader::CurrentTexture);
-}
-
-void PictureTexture::drawWhole(sf::RenderTarget &target) {
-  sf::RenderStates states(sf::BlendNone);
-  states.texture = &*texture;
-  states.shader = shader->getNativeHandle() != 0 ? &*shader : nullptr;
-  const sf::Vector2f end(size);
-  const sf::Vertex strip[] = {{{0, 0}, sf::Color::White, {0, 0}},
-                              {{end.x, 0}, sf::Color::White, {end.x, 0}},
-                              {{0, end.y}, sf::Color::White, {0, end.y}},
-                              {end, sf::Color::White, end}};
-  target.draw(strip, 4, sf::PrimitiveType::TriangleStrip, states);
-}
-
 void PictureTexture::drawAreas(sf::RenderTarget &target,
                                const std::vector<sf::IntRect> &areas) {
   vertices.clear();
@@ -117,7 +94,8 @@ void PictureTexture::drawAreas(sf::RenderTarget &target,
     addQuad(vertices, sf::FloatRect(area), sf::FloatRect(area), sf::Color::White);
   sf::RenderStates states(sf::BlendNone);
   states.texture = &*texture;
-  target.draw(vertices.data(), vertices.size(), sf::PrimitiveType::Triangles, states);
+  states.shader = shader && shader->getNativeHandle() != 0 ? &*shader : nullptr;
+  drawQuads(target, vertices, states);
 }
 
 } // namespace gw

@@ -32,16 +32,14 @@ public:
 
 private:
   bool make();
+  void makeShader();
   void upload(const std::uint32_t *p_pixels, int first_row, int end_row);
-  bool isWhole(const std::vector<sf::IntRect> &areas) const;
-  void prepareWhole();
-  void drawWhole(sf::RenderTarget &target);
   void drawAreas(sf::RenderTarget &target, const std::vector<sf::IntRect> &areas);
 
   sf::Vector2i size;                  ///< pixels
   int stride;                         ///< pixels
   std::optional<sf::Texture> texture; ///< none before the first area
-  std::optional<sf::Shader> shader;   ///< none before the first whole picture
+  std::optional<sf::Shader> shader;   ///< none before the second picture
   std::vector<sf::Vertex> vertices;   ///< kept for its memory only
 };
 

@@ -2,8 +2,11 @@
 
 #include <SFML/Graphics/Color.hpp>
 #include <SFML/Graphics/Rect.hpp>
+#include <SFML/Graphics/RenderStates.hpp>
+#include <SFML/Graphics/RenderTarget.hpp>
 #include <SFML/Graphics/Vertex.hpp>
 
+#include <algorithm>
 #include <cstddef>
 #include <vector>
 
@@ -29,6 +32,16 @@ inline void addQuad(std::vector<sf::Vertex> &triangles, sf::FloatRect area,
   const sf::Vertex bottom_right{b, color, t};
   triangles.insert(triangles.end(), {top_left, top_right, bottom_left, bottom_left,
                                      top_right, bottom_right});
+}
+
+/// Draws rectangles, not too many at once: software OpenGL takes up to 1024 vertices
+/// together, and two triangles as one rectangle only where none of these is cut in half.
+inline void drawQuads(sf::RenderTarget &target, const std::vector<sf::Vertex> &triangles,
+                      const sf::RenderStates &states) {
+  constexpr std::size_t MOST = 1020; // vertices, a multiple of 6
+  for (std::size_t i = 0; i < triangles.size(); i += MOST)
+    target.draw(&triangles[i], std::min(MOST, triangles.size() - i),
+                sf::PrimitiveType::Triangles, states);
 }
 
 } // namespace gw
