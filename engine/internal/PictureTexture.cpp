@@ -56,24 +56,24 @@ bool PictureTexture::draw(sf::RenderTarget &target, const std::uint32_t *p_pixel
   return has_picture || areas.empty();
 }
 
-/// With software OpenGL, rectangles of a texture that is kept like the window, with a
-/// shader that only copies, are copied row by row: a full screen takes less than half the
-/// time. Without one of the two it looks the same. Making the shader takes longer than
-/// many frames: the first picture is there sooner without.
 bool PictureTexture::make() {
-  if (texture && !shader)
-    makeShader();
-  if (texture)
+  if (texture) {
+    if (!shader)
+      prepareCopying();
     return true;
+  }
   texture.emplace();
-  if (texture->resize(sf::Vector2u(sf::Vector2i(stride, size.y))))
-    keepLikeWindow(*texture);
-  else
+  if (!texture->resize(sf::Vector2u(sf::Vector2i(stride, size.y))))
     texture.reset();
   return texture.has_value();
 }
 
-void PictureTexture::makeShader() {
+/// With software OpenGL, rectangles of a texture that is kept like the window, with a
+/// shader that only copies, are copied row by row: a full screen takes less than half the
+/// time. Without one of the two it looks the same. Getting there takes longer than many
+/// frames: the first picture is there sooner without.
+void PictureTexture::prepareCopying() {
+  keepLikeWindow(*texture);
   shader.emplace();
   if (sf::Shader::isAvailable() &&
       shader->loadFromMemory(SHADER, sf::Shader::Type::Fragment))

@@ -32,7 +32,7 @@ public:
 
 private:
   bool make();
-  void makeShader();
+  void prepareCopying();
   void upload(const std::uint32_t *p_pixels, int first_row, int end_row);
   void drawAreas(sf::RenderTarget &target, const std::vector<sf::IntRect> &areas);
 
