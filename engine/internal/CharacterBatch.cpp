@@ -259,9 +259,10 @@ bool CharacterBatch::joinBackground(sf::FloatRect area, sf::Color color) {
 
 void CharacterBatch::addGlyph(sf::Vector2f position, const GlyphCache::Glyph &glyph,
                               sf::Color color) {
-  // Like the library's text: one texel more on every side, for smooth edges
-  // between pixels, and the base line one character size below the top.
-  const sf::Vector2f padding(1, 1);
+  // Like the library's text, the base line is one character size below the top. Between
+  // pixels, ink reaches half a texel farther on every side. The library draws a whole
+  // one, whose outer half stays empty.
+  const sf::Vector2f padding(0.5f, 0.5f);
   const sf::Vector2f base_line(0, static_cast<float>(glyphs->getSize()));
   const sf::FloatRect area(position + base_line + glyph.glyph.bounds.position - padding,
                            glyph.glyph.bounds.size + 2.f * padding);
