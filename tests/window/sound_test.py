@@ -32,17 +32,18 @@ TONES = {"sounds/game_start.wav": 500, "sounds/bug_spawn.wav": 2600, "sounds/cli
 
 # With this seed the first insect, at the first spawner, is the one that is wanted. Later
 # a press meets nothing, and then each meets insects until the board is full.
-RECORDING = """tazlet-recording 1
+RECORDING = """glidewing-recording 2
+game tazlet 0
 seed 3963
-30 key-press 15
-32 mouse-press 0 400 320
-90 mouse-press 0 100 600
-130 mouse-press 0 400 320
-133 mouse-press 0 240 512
-136 mouse-press 0 560 512
-178 mouse-press 0 240 512
-184 mouse-press 0 400 320
-205 mouse-press 0 240 512
+30 key-press p
+32 mouse-press left 400 320
+90 mouse-press left 100 600
+130 mouse-press left 400 320
+133 mouse-press left 240 512
+136 mouse-press left 560 512
+178 mouse-press left 240 512
+184 mouse-press left 400 320
+205 mouse-press left 240 512
 end 220
 """
 
