@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <cstdint>
 #include <cstdlib>
 
 // Last: their macros are common words.
@@ -16,7 +17,7 @@ namespace {
 /// itself works with stays as it is.
 class TerminalType {
 public:
-  TerminalType() { is_known = setupterm(nullptr, STDOUT_FILENO, &status) == OK; }
+  TerminalType() = default;
   ~TerminalType() {
     TERMINAL *p_own = set_curterm(p_former);
     if (is_known)
@@ -30,14 +31,17 @@ public:
 private:
   TERMINAL *p_former = cur_term;
   int status = 0;
-  bool is_known = false;
+  bool is_known = setupterm(nullptr, STDOUT_FILENO, &status) == OK;
 };
 
 /// A terminal's capability; null where it lacks it.
-const char *capability(const char *name) {
-  const char *p_text =
-      tigetstr(const_cast<char *>(name)); // older versions change nothing
-  return p_text == reinterpret_cast<char *>(-1) ? nullptr : p_text;
+const char *capability(std::string name) {
+  const char *p_text = tigetstr(name.data());
+  return reinterpret_cast<std::intptr_t>(p_text) == -1 ? nullptr : p_text;
+}
+
+int number(std::string name) {
+  return tigetnum(name.data());
 }
 
 } // namespace
@@ -56,7 +60,7 @@ std::string findTerminalProblem(std::size_t color_count) {
   // The console has keys for the pointer and no pointer: another program reads that.
   if (!capability("kmous") || type.compare(0, 5, "linux") == 0)
     return named + "has no mouse (TERM)";
-  if (tigetnum(const_cast<char *>("colors")) < static_cast<int>(color_count))
+  if (number("colors") < static_cast<int>(color_count))
     return named + "has no colours (TERM)";
   return "";
 }

@@ -116,6 +116,7 @@ inline RunResult runDots(const std::string &options, const gw::Game &game = dotG
   for (std::string word; stream >> word;)
     words.push_back(word);
   std::vector<char *> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string &word : words)
     arguments.push_back(word.data());
   arguments.push_back(nullptr);
