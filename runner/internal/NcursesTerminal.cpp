@@ -294,12 +294,12 @@ private:
   }
 
   void drawNotice() const {
-    const std::array<std::string, 3> lines = {
+    const std::array<std::string, 4> lines = {
         "This needs " + std::to_string(TextScreen::WIDTH) + " x " +
             std::to_string(TextScreen::HEIGHT) + " characters; here are " +
             std::to_string(size.columns) + " x " + std::to_string(size.rows) + ".",
         "Make the letters smaller (often Ctrl and -)",
-        "or the window larger, and it goes on."};
+        "or the window larger, and it goes on.", "Ctrl-C ends it."};
     clear();
     int row = std::max((size.rows - static_cast<int>(lines.size())) / 2, 0);
     for (const std::string &line : lines)
