@@ -46,7 +46,7 @@ class InATerminal(TerminalTest):
         terminal.until_shown("W A N T E D")
         pinned = 0
         while not terminal.shows("when the eighth is in"):
-            if place := terminal.find(r"=='8`==|\( *\\V/ *\)"):
+            if place := terminal.find(r"__\)#\(__| \) *# *\( "):
                 terminal.click(*place)
                 pinned += 1
             terminal.read(3 * STEP)
