@@ -76,7 +76,7 @@ class SpriteTest(unittest.TestCase):
             player = subprocess.Popen([TOOL, "show", BEE], stdout=end, process_group=0)
             os.close(end)
             for wish in signal.SIGTSTP, number:
-                self.expect(terminal, rb"1049h.*93m\(_#.*frame 3 .*frame 0 ")
+                self.expect(terminal, rb"1049h.*93m/ \\###.*frame 3 .*frame 0 ")
                 player.send_signal(wish)
                 self.expect(terminal, rb"\x1b\[\?25h\x1b\[\?1049l$")  # as it was
                 if wish == signal.SIGTSTP:
