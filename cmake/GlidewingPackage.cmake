@@ -101,11 +101,10 @@ function(glidewing_install_game)
         endif()
     endforeach()
 
-    # Copied or compiled into the program, from packages.
-    set(parts ${GLIDEWING_FONT})
+    # Compiled into the program, from a package.
+    set(parts "")
     if(TARGET gw::runner)
-        find_file(cli11 CLI/CLI.hpp NO_CACHE)
-        list(APPEND parts ${cli11})
+        find_file(parts CLI/CLI.hpp NO_CACHE)
     endif()
     set(settings "")
     foreach(setting game_NAME programs origins runtime parts private_dir doc_dir)

@@ -9,7 +9,7 @@
 #                            that is unpacked anywhere. Needs a Debian machine, which knows
 #                            the licences
 #   runtime      the directory of the private SFML, where there is one
-#   parts        files that were copied, or are a part of the program
+#   parts        files of others that are a part of the program
 #   private_dir, doc_dir, game_NAME
 
 cmake_policy(VERSION 3.25)
