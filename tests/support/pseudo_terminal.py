@@ -22,9 +22,10 @@ STEP = 0.033  # seconds
 
 
 class Terminal:
-    """The program in a terminal of that type and size."""
+    """The program in a terminal of that type and size. The emulator shows all that the usual
+    type is sent; it does not know xterm's way to repeat a character."""
 
-    def __init__(self, run_dir, *command, term="xterm-256color", columns=COLUMNS, rows=ROWS,
+    def __init__(self, run_dir, *command, term="screen-256color", columns=COLUMNS, rows=ROWS,
                  stderr=None):
         self.master, self.slave = pty.openpty()
         self.resize(columns, rows)

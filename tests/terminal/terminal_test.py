@@ -70,7 +70,8 @@ class InATerminal(TerminalTest):
 
     def test_busy_play_takes_less_than_60_kb_a_second(self):
         seconds = 12
-        terminal = self.start("--player", "skilled", "--steps", int(seconds / STEP), "--digest")
+        terminal = self.start("--player", "skilled", "--steps", int(seconds / STEP), "--digest",
+                              term="xterm-256color")
         terminal.end()
         rate = len(terminal.output) / seconds
         print(f"{rate / 1000:.1f} kB a second")
