@@ -13,7 +13,6 @@
 #include <SFML/Window/VideoMode.hpp>
 
 #include <cmath>
-#include <cstdio>
 #include <type_traits>
 
 namespace gw {
@@ -62,10 +61,7 @@ int DisplayManager::startUp() {
     return 0;
   if (!openWindow()) {
     log.writeLog(ERROR, "Unable to allocate game window.");
-    std::fprintf(stderr,
-                 "%s: cannot open a window. Is there a display (DISPLAY) with "
-                 "OpenGL?\n",
-                 window_title.c_str());
+    tell(window_title, "cannot open a window. Is there a display (DISPLAY) with OpenGL?");
     return -1;
   }
   p_window->setMouseCursorVisible(false);
@@ -73,10 +69,9 @@ int DisplayManager::startUp() {
   clear();
   if (!loadFont()) {
     log.writeLog(ERROR, "Unable to load font file '%s'.", FONT_FILE_DEFAULT.c_str());
-    std::fprintf(stderr,
-                 "%s: cannot load the font %s, so there is no text. Was the program "
-                 "started in the folder where it is?\n",
-                 window_title.c_str(), FONT_FILE_DEFAULT.c_str());
+    tell(window_title, "cannot load the font " + FONT_FILE_DEFAULT +
+                           ", so there is no text. Was the program started in the folder "
+                           "where it is?");
     return -1;
   }
   Manager::startUp();

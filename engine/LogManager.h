@@ -11,7 +11,10 @@
 /// @def GW_PRINTF
 /// Has the compiler check calls of a printf-style function: the places of its format
 /// and of the first value in the list of parameters, counted from 1 (`this`).
-#if defined(__GNUC__)
+#if defined(__MINGW32__) // which has two kinds of printf; <cstdio> tells which
+#define GW_PRINTF(format_index, first_argument)                                          \
+  __attribute__((format(__MINGW_PRINTF_FORMAT, format_index, first_argument)))
+#elif defined(__GNUC__)
 #define GW_PRINTF(format_index, first_argument)                                          \
   __attribute__((format(printf, format_index, first_argument)))
 #else

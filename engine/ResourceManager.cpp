@@ -94,7 +94,7 @@ std::unique_ptr<Sprite> readSpriteFile(const std::string &filename,
   LogManager &log = LogManager::getInstance();
   std::ifstream file;
   if (isRegularFile(filename))
-    file.open(filename);
+    file.open(filename, std::ios::binary);
   if (!file.is_open()) {
     log.writeLog(ERROR,
                  "gw::ResourceManager::loadSprite() - Could not open sprite file '%s'.",

@@ -108,7 +108,7 @@ std::string shortened(const std::string &text) {
 
 bool isRegularFile(const std::string &filename) {
   std::error_code ignored;
-  return std::filesystem::is_regular_file(filename, ignored);
+  return std::filesystem::is_regular_file(std::filesystem::u8path(filename), ignored);
 }
 
 } // namespace gw

@@ -39,7 +39,7 @@ std::string printable(const std::string &text);
 /// the rest.
 std::string shortened(const std::string &text);
 
-/// True when `filename` names a regular file (or a link to one). Directories,
+/// True when `filename`, in UTF-8, names a regular file (or a link to one). Directories,
 /// pipes and devices are not: reading them can fail late, block or never end.
 bool isRegularFile(const std::string &filename);
 

@@ -13,6 +13,7 @@
 #include "internal/Recording.h"
 #include "internal/Terminal.h"
 #include "internal/TerminalState.h"
+#include "internal/findExecutable.h"
 #include "utility.h"
 
 #include <algorithm>
@@ -361,14 +362,12 @@ private:
 /// Goes to where the program is, if the font is there and not here: so are the rest of
 /// the game's files.
 void findAssets(const char *p_program) {
-  std::error_code error;
-  std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-  if (error)
-    program = std::filesystem::absolute(p_program, error);
+  const std::filesystem::path folder = findExecutable(p_program).parent_path();
   if (isRegularFile(FONT_FILE_DEFAULT) ||
-      !isRegularFile((program.parent_path() / FONT_FILE_DEFAULT).string()))
+      !isRegularFile((folder / FONT_FILE_DEFAULT).u8string()))
     return;
-  std::filesystem::current_path(program.parent_path(), error);
+  std::error_code ignored;
+  std::filesystem::current_path(folder, ignored);
 }
 
 /// @return the recording; nothing where it is none of this game, which is told

@@ -16,6 +16,13 @@ constexpr const char *SHADER = "uniform sampler2D picture;"
                                "  gl_FragColor = texture2D(picture, gl_TexCoord[0].xy);"
                                "}";
 
+/// How OpenGL's functions are called.
+#ifdef _WIN32
+#define GL_CALL __stdcall
+#else
+#define GL_CALL
+#endif
+
 /// Has the graphics card keep the texture as it keeps windows, with blue first. What was
 /// in the texture is lost.
 void keepLikeWindow(const sf::Texture &texture) {
@@ -24,8 +31,8 @@ void keepLikeWindow(const sf::Texture &texture) {
   constexpr unsigned BGRA = 0x80e1;
   constexpr unsigned UNSIGNED_BYTE = 0x1401;
   using TexImage =
-      void (*)(unsigned target, int level, int kept_as, int width, int height, int border,
-               unsigned format, unsigned type, const void *p_pixels);
+      void(GL_CALL *)(unsigned target, int level, int kept_as, int width, int height,
+                      int border, unsigned format, unsigned type, const void *p_pixels);
   const auto tex_image =
       reinterpret_cast<TexImage>(sf::Context::getFunction("glTexImage2D"));
   if (!tex_image)

@@ -9,6 +9,7 @@
 #include <SFML/System/Time.hpp>
 
 #include <share.h>
+#include <windows.h>
 #else
 #include <fcntl.h>
 #include <sys/file.h>
@@ -30,23 +31,28 @@ std::tm toLocalTime(std::time_t time) {
   return local;
 }
 
+/// Whole milliseconds are all that there is. Rounded up: the next step makes good for a
+/// sleep that was too long, and not for one that was too short.
 void sleepFor(long long microseconds) {
-  sf::sleep(sf::microseconds(microseconds));
+  sf::sleep(sf::milliseconds(static_cast<int>((microseconds + 999) / 1000)));
 }
 
+/// Appending first leaves the content of what is another's, or no file.
 std::FILE *openExclusively(const std::string &filename, bool &is_taken) {
-  is_taken = false;
-  std::FILE *p_file = std::fopen(filename.c_str(), "a");
-  const bool is_file = p_file && isRegularFile(filename);
-  if (p_file)
+  bool is_file = false;
+  if (std::FILE *p_file = _fsopen(filename.c_str(), "a", _SH_DENYWR)) {
+    is_file = isRegularFile(filename);
     std::fclose(p_file);
-  if (!is_file) {
-    is_taken = errno == EACCES && isRegularFile(filename);
-    return nullptr;
   }
-  p_file = _fsopen(filename.c_str(), "w+", _SH_DENYWR);
-  is_taken = !p_file && errno == EACCES;
-  return p_file;
+  is_taken = !is_file && _doserrno == ERROR_SHARING_VIOLATION;
+  return is_file ? _fsopen(filename.c_str(), "w+", _SH_DENYWR) : nullptr;
+}
+
+/// A program with windows of its own has an error stream only if it was given one.
+void tell(const std::string &title, const std::string &message) {
+  std::fprintf(stderr, "%s: %s\n", title.c_str(), message.c_str());
+  if (GetFileType(GetStdHandle(STD_ERROR_HANDLE)) == FILE_TYPE_UNKNOWN)
+    MessageBoxA(nullptr, message.c_str(), title.c_str(), MB_ICONWARNING);
 }
 
 #else
@@ -92,6 +98,10 @@ std::FILE *openExclusively(const std::string &filename, bool &is_taken) {
   if (!p_file)
     close(file);
   return p_file;
+}
+
+void tell(const std::string &title, const std::string &message) {
+  std::fprintf(stderr, "%s: %s\n", title.c_str(), message.c_str());
 }
 
 #endif

@@ -41,4 +41,9 @@ void sleepFor(long long microseconds);
 /// and then it is unchanged
 std::FILE *openExclusively(const std::string &filename, bool &is_taken);
 
+/// Prints "title: message" and a line end on the standard error stream. On Windows, where
+/// a program that was started by a double click has no such stream, a box shows the
+/// message until the player closes it: for what the player must know and nothing else.
+void tell(const std::string &title, const std::string &message);
+
 } // namespace gw

@@ -16,8 +16,8 @@ namespace {
 
 std::string absolute(const std::string &path) {
   std::error_code error;
-  const auto found = std::filesystem::absolute(path, error);
-  return path.empty() || error ? path : found.string();
+  const auto found = std::filesystem::absolute(std::filesystem::u8path(path), error);
+  return path.empty() || error ? path : found.u8string();
 }
 
 /// Whether windows can be tried. Where they need no server, always.

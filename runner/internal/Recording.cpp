@@ -5,6 +5,7 @@
 #include <array>
 #include <cinttypes>
 #include <cstdio>
+#include <filesystem>
 #include <istream>
 #include <limits>
 #include <sstream>
@@ -271,7 +272,8 @@ private:
 
 RecordingWriter::RecordingWriter(const std::string &filename, const std::string &game,
                                  const std::string &version, unsigned seed)
-    : file(filename) {
+    // Binary: the same bytes on every system.
+    : file(std::filesystem::u8path(filename), std::ios::binary) {
   file << FIRST_LINE << "\ngame " << game << ' ' << version << "\nseed " << seed
        << std::endl;
 }
@@ -302,7 +304,7 @@ void RecordingWriter::finish(int steps) {
 std::optional<Recording> readRecording(const std::string &filename, std::string &error) {
   std::ifstream file;
   if (isRegularFile(filename))
-    file.open(filename);
+    file.open(std::filesystem::u8path(filename), std::ios::binary);
   if (!file.is_open()) {
     error = filename + ": cannot be read";
     return std::nullopt;

@@ -15,7 +15,6 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 
 /// The smallest game that needs a runner: a dot that goes where chance and the keys want,
@@ -93,13 +92,6 @@ inline gw::Game dotGame() {
     std::printf("steps %d\n", gw::GameManager::getInstance().getStepCount() - first_step);
   };
   return game;
-}
-
-inline std::string readFile(const std::string &name) {
-  std::ifstream file(name);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
 }
 
 /// What became of a run of the game by its command line.

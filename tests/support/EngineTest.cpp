@@ -4,6 +4,7 @@
 
 #include <fstream>
 #include <regex>
+#include <sstream>
 
 void EngineTest::SetUp() {
   gw::LogManager &log = gw::LogManager::getInstance();
@@ -77,6 +78,14 @@ Lines matching(const std::string &expression, const Lines &lines) {
     if (std::regex_search(line, wanted))
       found.push_back(line);
   return found;
+}
+
+std::string readFile(const std::string &filename) {
+  std::ifstream file(filename);
+  EXPECT_TRUE(file.is_open()) << filename;
+  std::ostringstream text;
+  text << file.rdbuf();
+  return text.str();
 }
 
 void writeFile(const std::string &filename, const std::string &content) {

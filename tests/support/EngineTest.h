@@ -59,6 +59,9 @@ Lines logOf(const std::function<void()> &action);
 /// Those lines that match the expression somewhere.
 Lines matching(const std::string &expression, const Lines &lines);
 
+/// A whole file, which is expected to be there.
+std::string readFile(const std::string &filename);
+
 /// Writes a file into the test's directory, byte by byte as given.
 void writeFile(const std::string &filename, const std::string &content);
 

@@ -1,5 +1,6 @@
 #include "Screens.h"
 
+#include "EngineTest.h"
 #include "ScreenText.h"
 
 #include <gtest/gtest.h>
@@ -7,7 +8,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 namespace {
 
@@ -27,25 +27,18 @@ void update(const std::string &text, const std::string &name) {
   GTEST_SKIP() << name << " is written, not tested";
 }
 
-std::string read(const std::string &name) {
-  std::ifstream file(pathOf(name));
-  EXPECT_TRUE(file.is_open()) << pathOf(name);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
 } // namespace
 
 void expectScreen(const gw::TextScreen &screen, const std::string &name) {
   if (isUpdate())
     return update(gw::toText(screen), name);
-  const std::string differences = gw::differencesFrom(read(name), screen);
+  const std::string differences =
+      gw::differencesFrom(readFile(pathOf(name).string()), screen);
   EXPECT_TRUE(differences.empty()) << name << "\n" << differences;
 }
 
 void expectText(const std::string &text, const std::string &name) {
   if (isUpdate())
     return update(text, name);
-  EXPECT_EQ(text, read(name)) << name;
+  EXPECT_EQ(text, readFile(pathOf(name).string())) << name;
 }
