@@ -44,12 +44,15 @@ def display(*options):
 
 class Game(contextlib.ExitStack):
     """A program in a run directory of its own, a copy of the staged one or an empty one.
-    Both end with the block."""
+    Both end with the block. A program for Windows is run by wine."""
 
     def __init__(self, program, staged=None):
         super().__init__()
         self.program = pathlib.Path(program).resolve()
-        directory = tempfile.TemporaryDirectory(prefix="glidewing-")
+        self.command = ["wine"] if self.program.suffix == ".exe" else []
+        # Players have folders of such names.
+        prefix = "Spiele für mich ✿ " if self.command else "glidewing-"
+        directory = tempfile.TemporaryDirectory(prefix=prefix)
         self.run_dir = pathlib.Path(self.enter_context(directory), "run")
         self.run_dir.mkdir()
         if staged:
@@ -63,7 +66,7 @@ class Game(contextlib.ExitStack):
         environment = {**os.environ, **environment}
         errors, their_end = os.pipe()
         self.process = self.enter_context(running(
-            "sh", "-c", shell, self.program, *options, cwd=self.run_dir, stderr=their_end,
+            "sh", "-c", shell, *self.command, self.program, *options, cwd=self.run_dir, stderr=their_end,
             stdout=subprocess.PIPE,
             env={name: value for name, value in environment.items() if value is not None}))
         os.close(their_end)
@@ -104,7 +107,7 @@ class Game(contextlib.ExitStack):
         """The lines so far, without times of day, padding and addresses."""
         file = self.run_dir / "glidewing.log"
         text = file.read_text(errors="replace") if file.is_file() else ""
-        return re.sub(r"(?m)^\[[\d:]+\] +|\(0x[0-9a-f]+\)", "", text).splitlines()
+        return re.sub(r"(?m)^\[[\d:]+\] +|\((0x|\d{8})[0-9a-f]+\)", "", text).splitlines()
 
     def die(self, digests, pause=0):
         """Has the demo die, some seconds after so many digests: every line of the steps

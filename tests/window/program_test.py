@@ -14,7 +14,8 @@ import sys
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
-from game_process import Game, display
+from game_process import display
+from game_window import STARTED, STEP, STOPPED, GameWindow, lit
 
 TAZLET, STAGED, PRELOAD, CLOSE_WINDOW = (
     pathlib.Path(argument).resolve() for argument in sys.argv[1:5]
@@ -23,12 +24,8 @@ TAZLET, STAGED, PRELOAD, CLOSE_WINDOW = (
 # The three insects of the first step of this game are a red glidewing, which is what
 # the first row asks for, a bee and a cyan butterfly, all of them slow.
 SEED = 3963
-SPAWNERS = [(400, 320), (240, 512), (560, 512)]  # pixels
 WANTED, BEE = 0, 1
 
-MANAGERS = ["LogManager", "DisplayManager", "InputManager", "ResourceManager", "WorldManager"]
-STARTED = [f"INFO: {name} is started up." for name in MANAGERS + ["GameManager"]]
-STOPPED = [f"INFO: {name} is shutting down." for name in ["GameManager"] + MANAGERS[::-1]]
 RESOURCES = re.findall(r"(\w+) (\S+)", """NeutralCursor sprites/neutral_cursor.txt
     ClickedCursor sprites/clicked_cursor.txt  GameStart sprites/game_start.txt
     GameOver sprites/game_over.txt            PinBoard sprites/pin_board.txt
@@ -40,9 +37,6 @@ RESOURCES = re.findall(r"(\w+) (\S+)", """NeutralCursor sprites/neutral_cursor.t
     ClickPin sounds/click_pin.wav             PinBug sounds/pin_bug.wav
     ClearSequence sounds/clear_sequence.wav   GameOver sounds/game_over.wav
     StartMusic musics/BlippyTrance.mp3""")  # labels and files
-# The slow-down timer has no picture, and there is one in every game: one such line
-# for each step of a game.
-STEP = "WARNING: gw::Animation::draw() - Animation has no sprite. Cannot draw."
 OVERFLOW = "DEBUG: PinBoard::eventHandler(): The Pin Board overflowed! Transitioning to Game Over."
 SOLD = "DEBUG: Sequence::eventHandler(): Sequence cleared! Sending clear event."
 SLOW = "DEBUG: Sent a SlowEvent"
@@ -61,16 +55,11 @@ NO_SOUND = (
 )
 
 
-def lit(picture):
-    """How many bytes of a picture are not black."""
-    return len(picture) - picture.count(0)
-
-
 class Program(unittest.TestCase):
     maxDiff = None
 
     def setUp(self):
-        self.game = self.enterContext(Game(TAZLET))
+        self.game = self.enterContext(GameWindow(TAZLET))
         self.run_dir, self.log, self.errors = self.game.run_dir, self.game.log, self.game.errors
 
     def start(self, *staged, **environment):
@@ -82,67 +71,25 @@ class Program(unittest.TestCase):
         self.game.start(**{**usual, **environment})
 
     def open(self, *staged, **environment):
-        """Starts the program and puts the pointer into its window."""
         self.start(*staged, **environment)
-        command = ["xdotool", "search", "--onlyvisible", "--name", "^Glidewing$"]
-        find = lambda: subprocess.run(command, capture_output=True, text=True).stdout.split()
-        (self.window,) = self.game.until(find, "window")
-        self.act("mousemove", "--window", self.window, "512", "700")
-
-    def act(self, *arguments):
-        subprocess.run(["xdotool", *arguments], check=True)
-
-    def press_at_spawners(self):
-        for x, y in SPAWNERS:
-            self.act("mousemove", "--window", self.window, str(x), str(y), "click", "1")
-
-    def chase(self, number, result):
-        """Presses on an insect of the game's first step, where it must be by now, until the
-        log tells what came of it."""
-        x, y = SPAWNERS[number]
-        while result not in (log := self.log()):
-            made = [i for i, line in enumerate(log) if "Spawner made an insect" in line]
-            if len(made) > number:
-                steps = log[made[number] :].count(STEP) + 1
-                self.assertLess(steps, 90, f"steps without {result}")
-                speed = re.search(r"\((\S+), (\S+)\)", log[made[number]]).groups()
-                place = x + 8 * steps * float(speed[0]), y + 16 * steps * float(speed[1])
-                pixel = [str(round(coordinate)) for coordinate in place]
-                self.act("mousemove", "--window", self.window, *pixel, "click", "1")
-
-    def play(self):
-        """Starts a game and plays a few steps of it."""
-        before = self.log().count(STEP)
-        self.act("key", "p")
-        self.game.until(lambda: self.log().count(STEP) > before + 3, "game")
-        self.press_at_spawners()
-
-    def quit(self):
-        self.act("key", "q")
-        self.game.end()
-
-    def title(self):
-        """What the window shows where the title stands, free of border and sale tags."""
-        area = ["-crop", "640x512+192+128", "-depth", "8", "rgb:-"]
-        command = ["import", "-silent", "-window", self.window, *area]
-        return subprocess.run(command, check=True, capture_output=True).stdout
+        self.game.find()
 
     def test_two_games_from_the_title_to_q(self):
         self.open("tazlet", "gw-font.ttf")
-        self.game.until(lambda: lit(self.title()) > 10000, "title")
-        title = self.title()
-        self.act("key", "p")
-        self.chase(WANTED, SOLD)
-        self.chase(BEE, SLOW)
+        self.game.until(lambda: lit(self.game.title()) > 10000, "title")
+        title = self.game.title()
+        self.game.act("key", "p")
+        self.game.chase(WANTED, SOLD)
+        self.game.chase(BEE, SLOW)
         while OVERFLOW not in self.log():
-            self.press_at_spawners()
+            self.game.press_at_spawners()
             self.assertLess(self.log().count(STEP), 3000, "steps without a full board")
-        self.act("key", "p")  # does nothing while the game-over picture shows
-        self.assertNotEqual(self.title(), title)
-        self.game.until(lambda: self.title() == title, "title after the game")
+        self.game.act("key", "p")  # does nothing while the game-over picture shows
+        self.assertNotEqual(self.game.title(), title)
+        self.game.until(lambda: self.game.title() == title, "title after the game")
         first_game = self.log()
-        self.play()
-        self.quit()
+        self.game.play_a_little()
+        self.game.quit()
 
         log = [line for line in self.log() if line != NO_SOUND]
         self.assertEqual(log[: len(STARTED)], STARTED)
@@ -169,9 +116,9 @@ class Program(unittest.TestCase):
                 self.setUp()
                 self.open("tazlet", "gw-font.ttf")
                 if steps is not None:
-                    self.act("key", "p")
+                    self.game.act("key", "p")
                     self.game.until(lambda: self.log().count(STEP) >= steps, "steps")
-                subprocess.run([CLOSE_WINDOW, self.window], check=True)
+                subprocess.run([CLOSE_WINDOW, self.game.window], check=True)
                 self.game.end()
                 self.assertEqual(self.log()[-len(STOPPED) :], STOPPED)
 
@@ -203,7 +150,7 @@ class Program(unittest.TestCase):
 
     def test_losing_the_window_ends_the_program_with_a_line(self):
         self.open("tazlet", "gw-font.ttf")
-        subprocess.run([CLOSE_WINDOW, self.window, "destroy"], check=True)
+        subprocess.run([CLOSE_WINDOW, self.game.window, "destroy"], check=True)
         self.expect_lost_display()
 
     def test_a_screen_of_too_few_colours_ends_the_program_with_a_line(self):
@@ -214,10 +161,10 @@ class Program(unittest.TestCase):
     def test_without_a_log_file_it_plays_and_explains(self):
         (self.run_dir / "glidewing.log").mkdir()
         self.open("tazlet", "gw-font.ttf")
-        self.act("key", "p")
+        self.game.act("key", "p")
         step = UNLOGGED.format(STEP.partition(": ")[2])
         self.game.until(lambda: self.errors().count(step) > 3, "game")
-        self.quit()
+        self.game.quit()
         self.assertIn(UNLOGGED.format("DisplayManager is started up."), self.errors())
 
     def check_silence(self, sound_cards):
@@ -225,10 +172,10 @@ class Program(unittest.TestCase):
         file = self.run_dir / "asound.conf"
         file.write_text(sound_cards)
         self.open("tazlet", "gw-font.ttf", ALSA_CONFIG_PATH=str(file))
-        self.game.until(lambda: lit(self.title()), "title")
+        self.game.until(lambda: lit(self.game.title()), "title")
         errors = self.errors()
-        self.play()
-        self.quit()
+        self.game.play_a_little()
+        self.game.quit()
         self.assertEqual(self.errors(), errors, "sounds complain")
         self.assertEqual([line for line in self.log() if "layback" in line], [NO_SOUND])
 
@@ -240,17 +187,17 @@ class Program(unittest.TestCase):
 
     def test_without_resources_it_plays_unseen_and_unheard(self):
         self.open("gw-font.ttf")
-        self.play()
-        self.assertEqual(lit(self.title()), 0)
-        self.quit()
+        self.game.play_a_little()
+        self.assertEqual(lit(self.game.title()), 0)
+        self.game.quit()
         errors = [line for line in self.log() if line.startswith("ERROR")]
         self.assertGreaterEqual(len(errors), len(RESOURCES))
 
     def test_without_a_font_it_plays_without_letters(self):
         self.open("tazlet")
-        self.play()
-        self.assertEqual(lit(self.title()), 0)
-        self.quit()
+        self.game.play_a_little()
+        self.assertEqual(lit(self.game.title()), 0)
+        self.game.quit()
         self.assertEqual(self.log()[1], "ERROR: Unable to load font file 'gw-font.ttf'.")
         self.assertIn(NO_FONT, self.errors())
 

@@ -1,6 +1,6 @@
 """Listens to the game on a sound server of its own, with a sound card that nobody hears.
 
-Usage: sound_test.py <tazlet-demo> <staged run directory> <preload library>
+Usage: sound_test.py <tazlet-demo> <staged run directory> <preload library, or - for none>
        [unittest's arguments]
 """
 
@@ -12,6 +12,7 @@ import os
 import pathlib
 import subprocess
 import sys
+import tempfile
 import time
 import unittest
 import wave
@@ -20,6 +21,8 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
 from game_process import Game, running
 
 DEMO, STAGED, PRELOAD = sys.argv[1:4]
+if PRELOAD == "-":
+    PRELOAD = None
 RATE = 44100
 WINDOW = RATE // 20  # samples in which a tone is looked for, part by part:
 PART = RATE // 100  # a hole shifts what follows; samples, whole periods of every tone
@@ -92,7 +95,9 @@ class Sound(unittest.TestCase):
                 out.setparams((1, 2, RATE, 0, "NONE", ""))
                 out.writeframes(tone(hertz, seconds, loudness))
         (game.run_dir / "game.txt").write_text(RECORDING)
-        socket = game.run_dir / "pulse"
+        # A path without spaces, which its options cannot have.
+        directory = self.enterContext(tempfile.TemporaryDirectory(prefix="glidewing-"))
+        socket = pathlib.Path(directory, "pulse")
         self.start("pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1",
                    "--use-pid-file=no", "--disable-shm=yes",
                    f"--load=module-native-protocol-unix socket={socket} auth-anonymous=1",
