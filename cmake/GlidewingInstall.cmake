@@ -8,12 +8,6 @@
 # The target tazlet-package makes the archive of both.
 
 include(GNUInstallDirs)
-# Both defaults have a reserved name, so whoever publishes packages sets their own.
-set(GLIDEWING_WEB "https://glidewing.example" CACHE STRING "Address of the project's pages")
-set(GLIDEWING_MAINTAINER "The Glidewing maintainers <maintainers@glidewing.example>"
-    CACHE STRING "Who makes the packages, and answers for them: name and mail address")
-mark_as_advanced(GLIDEWING_WEB GLIDEWING_MAINTAINER)
-
 set(tazlet_id org.glidewing.tazlet)
 set(tazlet_programs tazlet)
 if(GLIDEWING_DEMO)

@@ -1,13 +1,14 @@
-# How a game on the engine is given to players, on Linux:
+# How a game on the engine is given to players, on Linux and on Windows:
 #
 #   glidewing_package(TARGET <program>... [ASSETS <file or folder>...]
-#       [NAME <name>] [VERSION <version>] [README <file>] [CONTACT <text>]
+#       [NAME <name>] [VERSION <version>] [README <file>] [CONTACT <text>] [ICON <file>]
 #       [COMPONENTS <component>...])
 #
 # gives the target <program>-package, which leaves an archive that players unpack anywhere
-# and play from: <name>-<version>-<system>-<processor>.tar.gz in the build directory. It is
-# made on Debian or its like, which know the licences of the libraries that come along. The
-# same sources make the same archive where SOURCE_DATE_EPOCH is set.
+# and play from: <name>-<version>-<system>-<processor> in the build directory, .tar.gz or for
+# Windows .zip. Both are made on Debian or its like, which know the licences of what comes
+# along; the one for Windows by a build with cmake/mingw-w64.cmake. The same sources make the
+# same archive where SOURCE_DATE_EPOCH is set.
 #
 #   TARGET      what players start; more than one share all that follows
 #   ASSETS      what it reads, each by its own name where it is started, beside the font; of
@@ -16,9 +17,14 @@
 #   VERSION     as a rule the project's
 #   README      the beginning of the archive's README, in place of how the game is started
 #   CONTACT     who answers for the archive, for its README
+#   ICON        for Windows, an .ico file; it may be one that the build makes
 #   COMPONENTS  what the project itself installs and has to be in it
 #
-# It has the layout that an installed game has, here with the usual directories:
+# For Windows all programs, assets, font and README.txt are at the top of the archive, and
+# the licences of what others made in a folder of that name. Every TARGET gets the icon, its
+# version, and UTF-8 as the encoding of all its texts.
+#
+# For Linux it has the layout that an installed game has, here with the usual directories:
 #
 #   bin/<program>              a launcher, a shell script; at the top is a link to it
 #   libexec/<name>/<program>   the program
@@ -46,6 +52,19 @@ function(glidewing_add_movable program)
         RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/${program}-movable
         BUILD_WITH_INSTALL_RPATH ON
         INSTALL_RPATH "$ORIGIN/lib")
+endfunction()
+
+# Installs the caller's ASSETS and the font, with these options of install().
+function(glidewing_install_assets destination)
+    install(FILES ${GLIDEWING_FONT} DESTINATION ${destination} RENAME gw-font.ttf ${ARGN})
+    foreach(asset IN LISTS game_ASSETS)
+        cmake_path(ABSOLUTE_PATH asset NORMALIZE)
+        if(IS_DIRECTORY ${asset})
+            install(DIRECTORY ${asset} DESTINATION ${destination} ${ARGN})
+        else()
+            install(FILES ${asset} DESTINATION ${destination} ${ARGN})
+        endif()
+    endforeach()
 endfunction()
 
 # glidewing_install_game(NAME TARGET ASSETS COMPONENT [PORTABLE]): installs a game in the
@@ -91,15 +110,7 @@ function(glidewing_install_game)
         install(PROGRAMS ${out}/${program} DESTINATION ${CMAKE_INSTALL_BINDIR} ${there})
     endforeach()
 
-    install(FILES ${GLIDEWING_FONT} DESTINATION ${data_dir} RENAME gw-font.ttf ${there})
-    foreach(asset IN LISTS game_ASSETS)
-        cmake_path(ABSOLUTE_PATH asset NORMALIZE)
-        if(IS_DIRECTORY ${asset})
-            install(DIRECTORY ${asset} DESTINATION ${data_dir} ${there})
-        else()
-            install(FILES ${asset} DESTINATION ${data_dir} ${there})
-        endif()
-    endforeach()
+    glidewing_install_assets(${data_dir} ${there})
 
     # Compiled into the program, from a package.
     set(parts "")
@@ -111,12 +122,80 @@ function(glidewing_install_game)
         string(APPEND settings "set(${setting} \"${${setting}}\")\n")
     endforeach()
     install(CODE "block(PROPAGATE CMAKE_INSTALL_MANIFEST_FILES)\n${settings}include(\"${package_files}/bundle.cmake\")\nendblock()" ${there})
-    if(GLIDEWING_FETCH_SFML)
-        # It is a part of the program then. The second file tells what SFML contains itself.
-        install(FILES ${SFML_SOURCE_DIR}/license.md ${SFML_SOURCE_DIR}/readme.md
-            DESTINATION ${doc_dir}/licences/SFML ${there})
+    get_target_property(licences glidewing_sfml GLIDEWING_LICENCES)
+    if(licences)
+        install(FILES ${licences} DESTINATION ${doc_dir}/licences/SFML ${there})
     endif()
 endfunction()
+
+# --- Windows -------------------------------------------------------------------
+
+# Compiles icon, version and encoding into a program.
+function(glidewing_add_resources program)
+    set(icon "")
+    if(game_ICON)
+        cmake_path(ABSOLUTE_PATH game_ICON NORMALIZE)
+        set(icon "1 ICON \"${game_ICON}\"")
+    endif()
+    # Four numbers, however many the version has.
+    string(REGEX MATCHALL "[0-9]+" numbers "${game_VERSION}.0.0.0.0")
+    list(SUBLIST numbers 0 4 numbers)
+    list(TRANSFORM numbers REPLACE "^0+([0-9])" "\\1") # which would be octal
+    list(JOIN numbers "," numbers)
+    set(resources ${CMAKE_CURRENT_BINARY_DIR}/${program}.rc)
+    configure_file(${package_files}/resources.rc.in ${resources} @ONLY)
+    set_source_files_properties(${resources} TARGET_DIRECTORY ${program} PROPERTIES
+        OBJECT_DEPENDS "${game_ICON};${package_files}/windows.manifest")
+    target_sources(${program} PRIVATE ${resources})
+endfunction()
+
+# Installs what a part of the programs is, and whoever made it: the engine, SFML with what
+# it contains, the compiler's libraries, the runner's command line.
+function(glidewing_install_licences)
+    get_target_property(licences glidewing_sfml GLIDEWING_LICENCES)
+    if(licences)
+        install(FILES ${licences} DESTINATION licences/SFML ${there})
+        install(FILES ${package_files}/SFML-contents.txt DESTINATION licences/SFML ${there})
+    else()
+        install(CODE "message(FATAL_ERROR \"SFML came without its licences\")" ${there})
+    endif()
+    set(parts "")
+    if(TARGET gw::runner)
+        list(APPEND parts /usr/include/CLI/CLI.hpp)
+    endif()
+    foreach(library libstdc++.a libgcc.a libmingw32.a)
+        execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${library}
+            OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+        list(APPEND parts ${file})
+    endforeach()
+    install(CODE "block()
+        set(doc_dir .)
+        include(\"${package_files}/licences.cmake\")
+        foreach(part ${parts})
+            take_licence_of_file(\"\${part}\" FATAL_ERROR)
+        endforeach()
+        take_common_licences()\nendblock()" ${there})
+endfunction()
+
+# A game for Windows, in the folder that the archive becomes.
+function(glidewing_install_windows_game)
+    foreach(program IN LISTS game_TARGET)
+        glidewing_add_resources(${program})
+    endforeach()
+    install(TARGETS ${game_TARGET} RUNTIME DESTINATION . ${there})
+    glidewing_install_assets(. ${there})
+    glidewing_install_licences()
+    configure_file(${licence} ${out}/LICENSE.txt @ONLY NEWLINE_STYLE CRLF)
+    install(FILES ${out}/LICENSE.txt DESTINATION licences/Glidewing ${there})
+    set(contact "")
+    if(game_CONTACT)
+        set(contact "\nWho made this archive, and answers questions about it: ${game_CONTACT}\n")
+    endif()
+    configure_file(${package_files}/README-windows.in ${out}/README.txt @ONLY NEWLINE_STYLE CRLF)
+    install(FILES ${out}/README.txt DESTINATION . ${there})
+endfunction()
+
+# -----------------------------------------------------------------------------
 
 # Ends the configuration where the caller's arguments cannot be packed.
 function(glidewing_check_package)
@@ -139,8 +218,29 @@ function(glidewing_check_package)
     endif()
 endfunction()
 
+# A game for Linux, in the folder that the archive becomes.
+function(glidewing_install_linux_game)
+    glidewing_install_game(PORTABLE NAME ${game_NAME} TARGET ${game_TARGET}
+        ASSETS ${game_ASSETS} COMPONENT ${component})
+    foreach(program IN LISTS game_TARGET)
+        install(CODE "file(CREATE_LINK ${CMAKE_INSTALL_BINDIR}/${program}
+            \"\${CMAKE_INSTALL_PREFIX}/${program}\" SYMBOLIC)" ${there})
+    endforeach()
+    install(FILES ${licence}
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${game_NAME}/licences/Glidewing ${there})
+    set(offer "")
+    if(game_CONTACT)
+        set(offer "\nShould the sources of one not be found as said above, they will be sent to anyone who
+asks within three years of getting this archive, for no more than the cost of doing so:
+
+    ${game_CONTACT}\n")
+    endif()
+    configure_file(${package_files}/README.in ${out}/README @ONLY)
+    install(FILES ${out}/README DESTINATION . ${there})
+endfunction()
+
 function(glidewing_package)
-    cmake_parse_arguments(PARSE_ARGV 0 game "" "NAME;VERSION;README;CONTACT" "TARGET;ASSETS;COMPONENTS")
+    cmake_parse_arguments(PARSE_ARGV 0 game "" "NAME;VERSION;README;CONTACT;ICON" "TARGET;ASSETS;COMPONENTS")
     if(game_UNPARSED_ARGUMENTS OR NOT game_TARGET)
         message(FATAL_ERROR "glidewing_package wants TARGET <program>... [ASSETS <file or folder>...]")
     endif()
@@ -152,53 +252,46 @@ function(glidewing_package)
         set(game_VERSION "${PROJECT_VERSION}")
     endif()
     glidewing_check_package()
-    if(NOT CMAKE_SYSTEM_NAME STREQUAL "Linux")
-        message(STATUS "glidewing_package: archives are made for Linux alone, so ${game_NAME} has none")
+    if(NOT CMAKE_HOST_SYSTEM_NAME STREQUAL "Linux" OR NOT CMAKE_SYSTEM_NAME MATCHES "^(Linux|Windows)$")
+        message(STATUS "glidewing_package: archives are made on Linux, for it and for Windows, so ${game_NAME} has none")
         return()
     endif()
     set(component ${first}-package)
-    glidewing_install_game(PORTABLE NAME ${game_NAME} TARGET ${game_TARGET}
-        ASSETS ${game_ASSETS} COMPONENT ${component})
     set(package_files ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package)
+    set(out ${CMAKE_CURRENT_BINARY_DIR}/${component})
     set(there COMPONENT ${component} EXCLUDE_FROM_ALL)
-
-    foreach(program IN LISTS game_TARGET)
-        install(CODE "file(CREATE_LINK ${CMAKE_INSTALL_BINDIR}/${program}
-            \"\${CMAKE_INSTALL_PREFIX}/${program}\" SYMBOLIC)" ${there})
-    endforeach()
-    find_file(licence LICENSE NO_CACHE REQUIRED NO_DEFAULT_PATH
+    find_file(licence LICENSE NO_CACHE REQUIRED NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH
         PATHS ${package_files} ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/..)
-    install(FILES ${licence}
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${game_NAME}/licences/Glidewing ${there})
-
+    string(TOLOWER ${CMAKE_SYSTEM_NAME} system)
+    set(archive ${game_NAME}-${game_VERSION}-${system}-${CMAKE_SYSTEM_PROCESSOR})
     set(beginning "${game_NAME} ${game_VERSION}")
     string(LENGTH "${beginning}" length)
     string(REPEAT "=" ${length} line)
-    string(APPEND beginning "\n${line}\n\nStart the game with\n\n    ./${first}\n\nfrom wherever this directory is.\n")
+    set(how "Start the game with\n\n    ./${first}\n\nfrom wherever this directory is.")
+    if(system STREQUAL "windows")
+        set(how "Start the game with a double click on ${first}.exe, in this unpacked folder.")
+    endif()
+    string(APPEND beginning "\n${line}\n\n${how}\n")
     if(game_README)
         file(READ ${game_README} beginning)
     endif()
-    set(offer "")
-    if(game_CONTACT)
-        set(offer "\nShould the sources of one not be found as said above, they will be sent to anyone who
-asks within three years of getting this archive, for no more than the cost of doing so:
 
-    ${game_CONTACT}\n")
+    set(movable "")
+    if(system STREQUAL "windows")
+        string(APPEND archive .zip)
+        glidewing_install_windows_game()
+    else()
+        string(APPEND archive .tar.gz)
+        glidewing_install_linux_game()
+        list(TRANSFORM game_TARGET APPEND -movable OUTPUT_VARIABLE movable)
     endif()
-    set(readme ${CMAKE_CURRENT_BINARY_DIR}/${component}/README)
-    configure_file(${package_files}/README.in ${readme} @ONLY)
-    install(FILES ${readme} DESTINATION . ${there})
-
-    string(TOLOWER ${CMAKE_SYSTEM_NAME} system)
-    set(archive ${game_NAME}-${game_VERSION}-${system}-${CMAKE_SYSTEM_PROCESSOR})
     add_custom_target(${component}
         COMMAND ${CMAKE_COMMAND} "-Dbuild=${CMAKE_BINARY_DIR}" "-Dconfiguration=$<CONFIG>"
             "-Dcomponents=${component};${game_COMPONENTS}"
-            "-Dstage=${CMAKE_CURRENT_BINARY_DIR}/${component}/stage"
-            "-Darchive=${CMAKE_CURRENT_BINARY_DIR}/${archive}.tar.gz"
+            "-Dstage=${out}/stage"
+            "-Darchive=${CMAKE_CURRENT_BINARY_DIR}/${archive}"
             -P ${package_files}/archive.cmake
-        COMMENT "Making ${archive}.tar.gz"
+        COMMENT "Making ${archive}"
         VERBATIM)
-    list(TRANSFORM game_TARGET APPEND -movable OUTPUT_VARIABLE movable)
     add_dependencies(${component} ${game_TARGET} ${movable})
 endfunction()

@@ -15,6 +15,9 @@
 #   glidewing_sfml_version    of the SFML that was found
 #   glidewing_sfml_runtime    the private runtime's directory, if that is what was found;
 #                             also a property of the target, GLIDEWING_RUNTIME
+#
+# An SFML that becomes a part of the programs has its licences in another property of the
+# target, GLIDEWING_LICENCES: files of different names. Empty where they are not known.
 
 option(GLIDEWING_FETCH_SFML "Fetch SFML's sources from its public repository and compile them" OFF)
 set(GLIDEWING_SFML_RUNTIME "" CACHE PATH
@@ -48,10 +51,28 @@ function(glidewing_link_sfml_runtime target libraries loader)
         "$<${fixed}:LINKER:--dynamic-linker,${loader}>")
 endfunction()
 
+# Sets <out> to the licences of an SFML whose sources were fetched, and of what its own build
+# has fetched for it; each text gets the name of what it is for.
+function(glidewing_fetched_licences out)
+    set(licences ${sfml_SOURCE_DIR}/license.md ${sfml_SOURCE_DIR}/readme.md)
+    foreach(part Freetype HarfBuzz SheenBidi ogg flac vorbis)
+        FetchContent_GetProperties(${part} SOURCE_DIR sources)
+        file(GLOB texts ${sources}/LICENSE* ${sources}/COPYING ${sources}/COPYING.Xiph
+            ${sources}/docs/FTL.TXT)
+        foreach(text IN LISTS texts)
+            cmake_path(GET text STEM name)
+            file(COPY_FILE ${text} ${CMAKE_CURRENT_BINARY_DIR}/licences/${part}-${name}.txt)
+            list(APPEND licences ${CMAKE_CURRENT_BINARY_DIR}/licences/${part}-${name}.txt)
+        endforeach()
+    endforeach()
+    set(${out} ${licences} PARENT_SCOPE)
+endfunction()
+
 block(PROPAGATE glidewing_sfml_problem glidewing_sfml_version glidewing_sfml_runtime)
     set(glidewing_sfml_problem "")
     set(glidewing_sfml_version "")
     set(glidewing_sfml_runtime "")
+    set(licences "")
     set(components Graphics Window Audio System)
     # Whoever has this project as a subfolder links these targets as well.
     set(CMAKE_FIND_PACKAGE_TARGETS_GLOBAL ON)
@@ -78,6 +99,7 @@ block(PROPAGATE glidewing_sfml_problem glidewing_sfml_version glidewing_sfml_run
         get_directory_property(glidewing_sfml_version
             DIRECTORY ${sfml_SOURCE_DIR} DEFINITION PROJECT_VERSION)
         set(origin "compiled from its sources in ${sfml_SOURCE_DIR}")
+        glidewing_fetched_licences(licences)
     else()
         if(NOT glidewing_sfml_wanted)
             set(glidewing_sfml_wanted 3)
@@ -115,6 +137,10 @@ block(PROPAGATE glidewing_sfml_problem glidewing_sfml_version glidewing_sfml_run
             endif()
         else()
             set(origin "the system's in ${package}")
+            if(SFML_STATIC_LIBRARIES)
+                file(GLOB licences "${package}/../../../share/doc/SFML/*.md"
+                    "${package}/../../../share/doc/licences/*")
+            endif()
         endif()
     endif()
 
@@ -127,7 +153,8 @@ block(PROPAGATE glidewing_sfml_problem glidewing_sfml_version glidewing_sfml_run
         add_library(glidewing::sfml ALIAS glidewing_sfml)
         target_link_libraries(glidewing_sfml INTERFACE ${components})
         set_target_properties(glidewing_sfml PROPERTIES
-            GLIDEWING_RUNTIME "${glidewing_sfml_runtime}")
+            GLIDEWING_RUNTIME "${glidewing_sfml_runtime}"
+            GLIDEWING_LICENCES "${licences}")
         if(glidewing_sfml_runtime)
             glidewing_link_sfml_runtime(glidewing_sfml "${libraries}" "${loader}")
         endif()

@@ -84,3 +84,9 @@ gw::Game playedTazlet() {
   game.report = printAchievements;
   return game;
 }
+
+int playDemo(int argc, char *argv[]) {
+  gw::Game game = playedTazlet();
+  game.default_player = "skilled";
+  return gw::runGame(game, argc, argv);
+}

@@ -4,7 +4,5 @@
 #include "playedTazlet.h"
 
 int main(int argc, char *argv[]) {
-  gw::Game game = playedTazlet();
-  game.default_player = "skilled";
-  return gw::runGame(game, argc, argv);
+  return playDemo(argc, argv);
 }

@@ -59,10 +59,7 @@ void populateGame() {
   new GameStart;
 }
 
-// The tests and the demo set the game up as well, and have a `main` of their own.
-#ifndef TAZLET_WITHOUT_MAIN
-
-int main() {
+int playTazlet() {
   gw::GameManager &game = gw::GameManager::getInstance();
   gw::LogManager &log = gw::LogManager::getInstance();
   if (game.startUp() != 0) {
@@ -79,6 +76,13 @@ int main() {
   game.run();
   game.shutDown();
   return 0;
+}
+
+// What plays the game by other means has a `main` of its own.
+#ifndef TAZLET_WITHOUT_MAIN
+
+int main() {
+  return playTazlet();
 }
 
 #endif
