@@ -54,15 +54,21 @@ endfunction()
 # Sets <out> to the licences of an SFML whose sources were fetched, and of what its own build
 # has fetched for it; each text gets the name of what it is for.
 function(glidewing_fetched_licences out)
+    set(place ${CMAKE_CURRENT_BINARY_DIR}/sfml-licences)
+    file(MAKE_DIRECTORY ${place})
     set(licences ${sfml_SOURCE_DIR}/license.md ${sfml_SOURCE_DIR}/readme.md)
     foreach(part Freetype HarfBuzz SheenBidi ogg flac vorbis)
+        unset(sources)
         FetchContent_GetProperties(${part} SOURCE_DIR sources)
+        if(NOT sources) # this version or platform does without, or has the system's
+            continue()
+        endif()
         file(GLOB texts ${sources}/LICENSE* ${sources}/COPYING ${sources}/COPYING.Xiph
             ${sources}/docs/FTL.TXT)
         foreach(text IN LISTS texts)
             cmake_path(GET text STEM name)
-            file(COPY_FILE ${text} ${CMAKE_CURRENT_BINARY_DIR}/licences/${part}-${name}.txt)
-            list(APPEND licences ${CMAKE_CURRENT_BINARY_DIR}/licences/${part}-${name}.txt)
+            file(COPY_FILE ${text} ${place}/${part}-${name}.txt)
+            list(APPEND licences ${place}/${part}-${name}.txt)
         endforeach()
     endforeach()
     set(${out} ${licences} PARENT_SCOPE)
