@@ -63,7 +63,7 @@ build_windows() {
     # The dates in the archive are those of the sources.
     export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || date +%s)}
     collect_windows_libraries
-    cmake --preset windows --log-level=NOTICE "${windows_options[@]}" "$@" >/dev/null
+    cmake --fresh --preset windows --log-level=NOTICE "${windows_options[@]}" "$@" >/dev/null
     cmake --build --preset windows -- --quiet
     rm -f "$windows_out"/tazlet-*.zip
     cmake --build --preset windows --target tazlet-package >/dev/null
@@ -82,4 +82,8 @@ start_wine() {
     say 'Starting wine ...'
     wineboot --init >/dev/null 2>&1 </dev/null || die 'wine does not start'
     at_exit wineserver --kill
+    # What wine starts beside its first program, a desktop among others, keeps the output of
+    # that one open to the end. So the first waits for ever, and nobody reads its output.
+    mkfifo "$WINEPREFIX/nothing"
+    wine cmd <>"$WINEPREFIX/nothing" >/dev/null 2>&1 &
 }

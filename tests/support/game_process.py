@@ -107,7 +107,7 @@ class Game(contextlib.ExitStack):
         """The lines so far, without times of day, padding and addresses."""
         file = self.run_dir / "glidewing.log"
         text = file.read_text(errors="replace") if file.is_file() else ""
-        return re.sub(r"(?m)^\[[\d:]+\] +|\((0x|\d{8})[0-9a-f]+\)", "", text).splitlines()
+        return re.sub(r"(?m)^\[[\d:]+\] +|\((0x)?[0-9a-f]{8,}\)", "", text).splitlines()
 
     def die(self, digests, pause=0):
         """Has the demo die, some seconds after so many digests: every line of the steps
