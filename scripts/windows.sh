@@ -72,18 +72,23 @@ build_windows() {
 }
 
 # start_wine PLACE: makes a wine of our own in that directory, for 64 bits alone, and starts a
-# window manager, without which its windows get no keys. They end with the script.
+# window manager, without which its windows get no keys. They end with the script. Sets
+# `steadily`, the words to put before what runs wine.
 start_wine() {
-    export WINEPREFIX=$1 WINEDEBUG=-all LC_ALL=C.UTF-8 LIBGL_ALWAYS_SOFTWARE=1
+    export WINEPREFIX=$1 WINEDEBUG=fixme-all LC_ALL=C.UTF-8 LIBGL_ALWAYS_SOFTWARE=1
+    # Where places in memory are drawn at random, wine finds one that it needs taken, once in
+    # some thousand starts.
+    steadily=(setarch --addr-no-randomize)
+    "${steadily[@]}" true 2>/dev/null || steadily=()
     # Neither .NET nor a browser is asked for, and a crash ends the program at once.
     export WINEDLLOVERRIDES='mscoree,mshtml,winedbg.exe='
     openbox >/dev/null 2>&1 &
     at_exit stop $!
     say 'Starting wine ...'
-    wineboot --init >/dev/null 2>&1 </dev/null || die 'wine does not start'
+    "${steadily[@]}" wineboot --init >/dev/null 2>&1 </dev/null || die 'wine does not start'
     at_exit wineserver --kill
     # What wine starts beside its first program, a desktop among others, keeps the output of
     # that one open to the end. So the first waits for ever, and nobody reads its output.
     mkfifo "$WINEPREFIX/nothing"
-    wine cmd <>"$WINEPREFIX/nothing" >/dev/null 2>&1 &
+    "${steadily[@]}" wine cmd <>"$WINEPREFIX/nothing" >/dev/null 2>&1 &
 }

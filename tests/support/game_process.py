@@ -83,7 +83,8 @@ class Game(contextlib.ExitStack):
         output, _ = self.process.communicate(timeout=limit)
         self.reader.join()
         errors = self.errors()
-        require(self.process.returncode == status, f"{self.process.returncode}: {errors[-3000:]}")
+        require(self.process.returncode == status,
+                f"{self.process.returncode}: {errors[-3000:]}{output[-500:]}")
         require(not re.search("Sanitizer|runtime error", errors), errors[-3000:])
         return output
 
