@@ -102,6 +102,10 @@ block(PROPAGATE glidewing_sfml_problem glidewing_sfml_version glidewing_sfml_run
         set(BUILD_SHARED_LIBS OFF)
         set(SFML_BUILD_NETWORK OFF)
         add_subdirectory(${sfml_SOURCE_DIR} ${sfml_BINARY_DIR} EXCLUDE_FROM_ALL SYSTEM)
+        if(TARGET freetype AND TARGET harfbuzz)
+            # They need each other, and only HarfBuzz is told so.
+            target_link_libraries(freetype INTERFACE $<BUILD_INTERFACE:harfbuzz>)
+        endif()
         get_directory_property(glidewing_sfml_version
             DIRECTORY ${sfml_SOURCE_DIR} DEFINITION PROJECT_VERSION)
         set(origin "compiled from its sources in ${sfml_SOURCE_DIR}")
