@@ -101,7 +101,12 @@ block(PROPAGATE glidewing_sfml_problem glidewing_sfml_version glidewing_sfml_run
         FetchContent_MakeAvailable(SFML)
         set(BUILD_SHARED_LIBS OFF)
         set(SFML_BUILD_NETWORK OFF)
+        get_directory_property(ours COMPILE_OPTIONS)
+        if(MINGW) # what becomes of it goes through the players' network
+            add_compile_options(-Os)
+        endif()
         add_subdirectory(${sfml_SOURCE_DIR} ${sfml_BINARY_DIR} EXCLUDE_FROM_ALL SYSTEM)
+        set_directory_properties(PROPERTIES COMPILE_OPTIONS "${ours}")
         if(TARGET freetype AND TARGET harfbuzz)
             # They need each other, and only HarfBuzz is told so.
             target_link_libraries(freetype INTERFACE $<BUILD_INTERFACE:harfbuzz>)
