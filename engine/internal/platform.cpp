@@ -40,19 +40,14 @@ void sleepFor(long long microseconds) {
 /// Appending first leaves the content of what is another's, or no file.
 std::FILE *openExclusively(const std::string &filename, bool &is_taken) {
   bool is_file = false;
+  _doserrno = 0;
   if (std::FILE *p_file = _fsopen(filename.c_str(), "a", _SH_DENYWR)) {
     is_file = isRegularFile(filename);
     std::fclose(p_file);
   }
-  is_taken = !is_file && _doserrno == ERROR_SHARING_VIOLATION;
-  return is_file ? _fsopen(filename.c_str(), "w+", _SH_DENYWR) : nullptr;
-}
-
-/// A program with windows of its own has an error stream only if it was given one.
-void tell(const std::string &title, const std::string &message) {
-  std::fprintf(stderr, "%s: %s\n", title.c_str(), message.c_str());
-  if (GetFileType(GetStdHandle(STD_ERROR_HANDLE)) == FILE_TYPE_UNKNOWN)
-    MessageBoxA(nullptr, message.c_str(), title.c_str(), MB_ICONWARNING);
+  std::FILE *p_file = is_file ? _fsopen(filename.c_str(), "w+", _SH_DENYWR) : nullptr;
+  is_taken = !p_file && _doserrno == ERROR_SHARING_VIOLATION;
+  return p_file;
 }
 
 #else
@@ -100,10 +95,15 @@ std::FILE *openExclusively(const std::string &filename, bool &is_taken) {
   return p_file;
 }
 
+#endif
+
 void tell(const std::string &title, const std::string &message) {
   std::fprintf(stderr, "%s: %s\n", title.c_str(), message.c_str());
-}
-
+#ifdef _WIN32
+  // A program with windows of its own has an error stream only if it was given one.
+  if (GetFileType(GetStdHandle(STD_ERROR_HANDLE)) == FILE_TYPE_UNKNOWN)
+    MessageBoxA(nullptr, message.c_str(), title.c_str(), MB_ICONWARNING);
 #endif
+}
 
 } // namespace gw
