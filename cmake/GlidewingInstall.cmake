@@ -50,15 +50,10 @@ foreach(program IN LISTS tazlet_programs)
     install(FILES ${page}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man6 COMPONENT desktop)
 endforeach()
 install(FILES packaging/${tazlet_id}.svg DESTINATION ${icons}/scalable/apps COMPONENT desktop)
-find_program(GLIDEWING_RSVG rsvg-convert DOC "Makes icons of fixed sizes; not needed")
-mark_as_advanced(GLIDEWING_RSVG)
+include(cmake/GlidewingIcon.cmake)
 if(GLIDEWING_RSVG)
     foreach(size 48 64 128 256)
-        set(icon ${out}/icon-${size}.png)
-        add_custom_command(OUTPUT ${icon}
-            COMMAND ${GLIDEWING_RSVG} --width ${size} --height ${size} --output ${icon}
-                    ${PROJECT_SOURCE_DIR}/packaging/${tazlet_id}.svg
-            DEPENDS packaging/${tazlet_id}.svg VERBATIM)
+        tazlet_icon(${size} icon)
         list(APPEND made ${icon})
         install(FILES ${icon} DESTINATION ${icons}/${size}x${size}/apps
             RENAME ${tazlet_id}.png COMPONENT desktop)

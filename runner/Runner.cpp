@@ -237,10 +237,10 @@ private:
   /// Sees every event first. @return whether the game is to hear of it
   bool hear(const Event &event, bool is_posted) {
     if (recording && !is_posted) {
+      const auto *p_key = eventAs<EventKeyboard>(&event, KEYBOARD_EVENT);
       // Not its release: it may have been pressed in a window that was there before.
-      if (const auto *p_key = eventAs<EventKeyboard>(&event, KEYBOARD_EVENT))
-        if (p_key->getKeyboardAction() == KEY_PRESSED)
-          endReplay(p_key->getKey());
+      if (p_key && p_key->getKeyboardAction() == KEY_PRESSED)
+        endReplay(p_key->getKey());
       return false;
     }
     if (writer)

@@ -74,6 +74,24 @@ debian_archive() {
                 print $6 }'
 }
 
+# Dates in what is made from here on are those of the sources, so that the same sources make
+# the same files. SOURCE_DATE_EPOCH in the environment goes first.
+date_by_sources() {
+    export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || date +%s)}
+}
+
+# tells_no_path DIRECTORY PATH...: ends the script where a file in there, which is to be
+# shipped, names one of these paths: it must not tell about the machine that made it.
+tells_no_path() {
+    local directory=$1 path found
+    for path in "${@:2}"; do
+        if found=$(grep -rlF -e "$path" "$directory"); then
+            die "what would be shipped names the path $path:
+${found//$directory\//  }"
+        fi
+    done
+}
+
 # Configures a preset, quietly unless it fails.
 configure() {
     cmake --preset "$1" --log-level=NOTICE >/dev/null

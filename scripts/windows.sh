@@ -37,7 +37,7 @@ collect_windows_libraries() {
 # What is shipped has no library but Windows' own and no path of this machine, and is small.
 # Unpacks it, into `windows_unpacked`.
 check_windows_archive() {
-    local found path program largest=5000000 # bytes
+    local found program largest=5000000 # bytes
     windows_unpacked=$windows_out/unpacked
     rm -rf "$windows_unpacked" "$windows_out/unzipped"
     unzip -q "$windows_archive" -d "$windows_out/unzipped"
@@ -49,10 +49,7 @@ check_windows_archive() {
         found=$(grep -viE '^(advapi32|gdi32|kernel32|msvcrt|opengl32|user32|winmm)\.dll$' <<<"$found" || true)
         [[ -z $found ]] || die "$program.exe needs $found"
     done
-    for path in "$root" "$(home_dir)/"; do
-        ! found=$(grep -rlF -e "$path" "$windows_unpacked") ||
-            die "what would be shipped names the path $path: $found"
-    done
+    tells_no_path "$windows_unpacked" "$root" "$(home_dir)/"
     (($(stat -c %s "$windows_archive") <= largest)) || die "$windows_archive is too large"
 }
 
@@ -60,8 +57,7 @@ check_windows_archive() {
 # and looks at what is in there. Sets `windows_archive` and `windows_unpacked`.
 build_windows() {
     local windows_options
-    # The dates in the archive are those of the sources.
-    export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || date +%s)}
+    date_by_sources
     collect_windows_libraries
     cmake --fresh --preset windows --log-level=NOTICE "${windows_options[@]}" "$@" >/dev/null
     cmake --build --preset windows -- --quiet

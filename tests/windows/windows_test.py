@@ -167,6 +167,7 @@ class Windows(unittest.TestCase):
         game.quit()
         self.assertEqual(sum("Going on without sound." in line for line in game.log()), 1)
 
+
 def pace(program, staged):
     """Steps a second, of a game in a window."""
     with Game(program, staged) as game:
